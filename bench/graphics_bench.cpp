@@ -1,0 +1,185 @@
+// The curve routines beside Cairo's, on the same points and a picture of the same format and size.
+//
+// Ends with one line per ratio: how many times longer Cairo takes. The two sides take turns, and
+// each is judged by its fastest pass.
+
+#include <benchmark/benchmark.h>
+#include <cairo.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <numbers>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "graphics/DIBBitmap.h"
+
+namespace {
+
+using Vorin::Core::C2DPoint;
+using Vorin::Graphics::C2DFloatPoint;
+using Vorin::Graphics::CDIBBitmap;
+using Vorin::Graphics::IDrawSurface;
+using Vorin::Graphics::RGB;
+
+constexpr int kWidth = 800;
+constexpr int kHeight = 300;
+constexpr int kPoints = 1600; // two a pixel
+constexpr RGB kColor{40, 220, 120};
+
+struct Curve {
+    const char* name;
+    std::vector<C2DFloatPoint> smooth;
+    std::vector<C2DPoint> whole;
+};
+
+template <class F>
+Curve MakeCurve(const char* name, F getY) {
+    Curve curve{name, {}, {}};
+    for (int i = 0; i < kPoints; ++i) {
+        const float x = 0.5f * static_cast<float>(i) * (kWidth - 1) / (kWidth - 0.5f);
+        const float y = static_cast<float>(std::clamp(getY(i), 0.0, kHeight - 1.0));
+        curve.smooth.push_back({x, y});
+        curve.whole.push_back({static_cast<int>(x + 0.5f), static_cast<int>(y + 0.5f)});
+    }
+    return curve;
+}
+
+// A tone with some noise on it, as a wave form shows it.
+Curve MakeSine() {
+    std::mt19937 random(1);
+    std::normal_distribution<double> noise(0.0, 4.0);
+    return MakeCurve("sine", [&](int i) {
+        return kHeight * 0.5 + 120.0 * std::sin(i * 2.0 * std::numbers::pi * 7.0 / kPoints) +
+               noise(random);
+    });
+}
+
+// White noise over the full height: the longest segments there can be.
+Curve MakeNoise() {
+    std::mt19937 random(2);
+    std::uniform_real_distribution<double> noise(0.0, kHeight - 1.0);
+    return MakeCurve("noise", [&](int) { return noise(random); });
+}
+
+const std::vector<Curve>& GetCurves() {
+    static const std::vector<Curve> curves{MakeSine(), MakeNoise()};
+    return curves;
+}
+
+class OwnPicture {
+public:
+    OwnPicture() : bitmap({kWidth, kHeight}, 32), surface(bitmap.CreateSurface()) {
+        surface->SetPenColor(kColor);
+    }
+    void DrawSmooth(const Curve& curve) {
+        surface->DrawSmoothPolyline(curve.smooth.data(), kPoints);
+    }
+    void DrawWhole(const Curve& curve) { surface->DrawPolyline(curve.whole.data(), kPoints); }
+
+private:
+    CDIBBitmap bitmap;
+    std::unique_ptr<IDrawSurface> surface;
+};
+
+class CairoPicture {
+public:
+    CairoPicture()
+        : picture(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, kWidth, kHeight)),
+          context(cairo_create(picture)) {
+        cairo_set_line_width(context, 1.0);
+        cairo_set_source_rgb(context, kColor.red / 255.0, kColor.green / 255.0,
+                             kColor.blue / 255.0);
+    }
+    ~CairoPicture() {
+        cairo_destroy(context);
+        cairo_surface_destroy(picture);
+    }
+    CairoPicture(const CairoPicture&) = delete;
+    CairoPicture& operator=(const CairoPicture&) = delete;
+
+    void DrawSmooth(const Curve& curve) { Stroke(curve.smooth, CAIRO_ANTIALIAS_DEFAULT); }
+    void DrawWhole(const Curve& curve) { Stroke(curve.whole, CAIRO_ANTIALIAS_NONE); }
+
+private:
+    // Pixel centres lie half a pixel in.
+    template <class Points>
+    void Stroke(const Points& points, cairo_antialias_t antialias) {
+        cairo_set_antialias(context, antialias);
+        cairo_move_to(context, points[0].x + 0.5, points[0].y + 0.5);
+        for (std::size_t i = 1; i < points.size(); ++i)
+            cairo_line_to(context, points[i].x + 0.5, points[i].y + 0.5);
+        cairo_stroke(context);
+        if (cairo_status(context) != CAIRO_STATUS_SUCCESS)
+            std::abort();
+    }
+
+    cairo_surface_t* picture;
+    cairo_t* context;
+};
+
+template <class Picture, void (Picture::*Draw)(const Curve&)>
+void DrawCurve(benchmark::State& state) {
+    const Curve& curve = GetCurves()[static_cast<std::size_t>(state.range(0))];
+    Picture picture;
+    for (auto _ : state)
+        (picture.*Draw)(curve);
+    state.SetLabel(curve.name);
+    state.SetItemsProcessed(state.iterations() * (kPoints - 1));
+}
+
+BENCHMARK(DrawCurve<OwnPicture, &OwnPicture::DrawSmooth>)->Arg(0)->Arg(1);
+BENCHMARK(DrawCurve<CairoPicture, &CairoPicture::DrawSmooth>)->Arg(0)->Arg(1);
+BENCHMARK(DrawCurve<OwnPicture, &OwnPicture::DrawWhole>)->Arg(0)->Arg(1);
+BENCHMARK(DrawCurve<CairoPicture, &CairoPicture::DrawWhole>)->Arg(0)->Arg(1);
+
+template <class F>
+double GetSeconds(int repetitions, F draw) {
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < repetitions; ++i)
+        draw();
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    return passed.count() / repetitions;
+}
+
+template <class OwnDraw, class CairoDraw>
+void PrintRatio(const std::string& name, double limit, OwnDraw own, CairoDraw cairo) {
+    double ownSeconds = std::numeric_limits<double>::max();
+    double cairoSeconds = ownSeconds;
+    for (int pass = 0; pass < 15; ++pass) {
+        ownSeconds = std::min(ownSeconds, GetSeconds(20, own));
+        cairoSeconds = std::min(cairoSeconds, GetSeconds(2, cairo));
+    }
+    std::printf("ratio %s %.1f (limit %g)\n", name.c_str(), cairoSeconds / ownSeconds, limit);
+}
+
+void PrintRatios() {
+    OwnPicture own;
+    CairoPicture cairo;
+    for (const Curve& curve : GetCurves())
+        PrintRatio(
+            std::string("DrawSmoothPolyline/") + curve.name, 15.0, [&] { own.DrawSmooth(curve); },
+            [&] { cairo.DrawSmooth(curve); });
+    for (const Curve& curve : GetCurves())
+        PrintRatio(
+            std::string("DrawPolyline/") + curve.name, 10.0, [&] { own.DrawWhole(curve); },
+            [&] { cairo.DrawWhole(curve); });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    PrintRatios();
+    return 0;
+}
