@@ -1,5 +1,7 @@
 #include "graphics/DIBSurface.h"
 
+#include <algorithm>
+
 namespace Vorin::Graphics {
 
 namespace {
