@@ -172,11 +172,14 @@ public:
         return *this;
     }
 
-    /// Appends a copy; `value` may be an element of this vector.
+    /// Appends a copy; `value` may be an element of this vector. A vector that holds as many
+    /// elements as an `int` counts takes no more.
     void Add(const T& value) {
-        T copy(value);
         const int index = this->GetSize();
-        assert(index < std::numeric_limits<int>::max());
+        if (index == std::numeric_limits<int>::max()) {
+            return;
+        }
+        T copy(value);
         this->SetSize(index + 1);
         this->GetData()[index] = std::move(copy);
     }

@@ -3,6 +3,8 @@
 #include "core/Command.h"
 #include "core/CommandList.h"
 
+#include <cassert>
+
 namespace Vorin::Core {
 
 /// Where listeners connect commands that take the event's argument. As `IEventProvider`.
@@ -42,6 +44,9 @@ public:
     TArgEventProvider() = default;
     TArgEventProvider(const TArgEventProvider&) : TIArgEventProvider<A>(), TIArgNotify<A>() {}
     TArgEventProvider& operator=(const TArgEventProvider&) { return *this; }
+    ~TArgEventProvider() override {
+        assert(walks == 0 && "a listener must not destroy the provider that runs it");
+    }
 
     void Connect(Command* command) override {
         assert(command);
@@ -60,10 +65,21 @@ public:
             delete doomed;
         }
     }
-    void Disconnect(Command& command) override { commands.UnlinkAll(&command); }
+    void Disconnect(Command& command) override {
+        CItem* item = commands.Find(commands.GetHead(), &command);
+        while (item) {
+            CItem* next = item->next;
+            if (walks > 0) {
+                commands.Retire(item, nullptr);
+            } else {
+                commands.Free(item);
+            }
+            item = commands.Find(next, &command);
+        }
+    }
 
     void Notify(A argument) override {
-        const typename TCommandList<Command>::CWalk walk(commands);
+        ++walks;
         // The next node is read after the call: what the listener connected is run too.
         for (CItem* node = commands.GetHead(); node; node = node->next) {
             if (!node->running && node->command) {
@@ -72,10 +88,14 @@ public:
                 node->running = false;
             }
         }
+        if (--walks == 0) {
+            commands.FreeRetired();
+        }
     }
 
 private:
     TCommandList<Command> commands;
+    int walks = 0; // in progress, nested ones counted
 };
 
 } // namespace Vorin::Core

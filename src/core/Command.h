@@ -56,7 +56,9 @@ public:
         assert(object && function);
     }
 
-    void Execute() override { (object->*function)(); }
+    // Aligned: every event ends here, and a few instructions that straddle two fetch blocks cost a
+    // quarter of a notification.
+    [[gnu::aligned(32)]] void Execute() override { (object->*function)(); }
 
 private:
     C* object;

@@ -1,41 +1,23 @@
 #pragma once
 
-#include <cassert>
-
 namespace Vorin::Core {
 
-/// The listener list of an event provider: doubly linked nodes in connection order.
+/// The listener list of an event provider: doubly linked nodes in the order of connection.
 ///
-/// A walk over the list runs foreign code at each node, and that code may unlink any node, the one
-/// it was called from included. So a node unlinked during a walk is not freed at once: it loses
-/// its command, keeps its `next`, and is freed when the outermost walk ends. Whoever still stands
-/// on it can go on to the rest of the list.
+/// A walk over the list runs foreign code at each node, and that code may take out any node, the
+/// one it was called from included. So during a walk a node is retired instead of freed: it leaves
+/// the list but keeps its `next`, and whoever stands on it can go on to the rest of the list. The
+/// provider frees the retired nodes when its outermost walk has ended.
 ///
 /// `C` is the command type. One thread; commands are not owned; only `Append` allocates.
 template <class C>
 class TCommandList {
 public:
     struct CItem {
-        C* command = nullptr; // null once the node is unlinked
-        bool running = false; // the command is being executed by a walk
+        C* command = nullptr;
+        bool running = false; // the command is on the stack: walks pass it over
         CItem* previous = nullptr;
         CItem* next = nullptr;
-    };
-
-    /// Brackets a walk: nodes outlive their removal until the outermost bracket closes.
-    class CWalk {
-    public:
-        explicit CWalk(TCommandList& walked) : list(walked) { ++list.walks; }
-        ~CWalk() {
-            if (--list.walks == 0 && list.retired) {
-                list.FreeRetired();
-            }
-        }
-        CWalk(const CWalk&) = delete;
-        CWalk& operator=(const CWalk&) = delete;
-
-    private:
-        TCommandList& list;
     };
 
     TCommandList() = default;
@@ -43,9 +25,8 @@ public:
     TCommandList& operator=(const TCommandList&) = delete;
 
     ~TCommandList() {
-        assert(walks == 0 && "a provider must not be destroyed by its own listener");
         while (head) {
-            Unlink(head);
+            Free(head);
         }
         FreeRetired();
     }
@@ -58,39 +39,28 @@ public:
         tail = item;
     }
 
-    /// The first node with `command`, or null.
-    CItem* Find(const C* command) const {
-        CItem* item = head;
+    /// The first node from `item` on with `command`, or null.
+    static CItem* Find(CItem* item, const C* command) {
         while (item && item->command != command) {
             item = item->next;
         }
         return item;
     }
 
-    void Unlink(CItem* item) {
-        (item->previous ? item->previous->next : head) = item->next;
-        (item->next ? item->next->previous : tail) = item->previous;
-        if (walks == 0) {
-            delete item;
-            return;
-        }
-        item->command = nullptr;
+    /// Takes a node out for good: only while no walk is in progress.
+    void Free(CItem* item) {
+        Unlink(item);
+        delete item;
+    }
+
+    /// Takes a node out during a walk. `standIn` is what walks that stand before it find there.
+    void Retire(CItem* item, C* standIn) {
+        Unlink(item);
+        item->command = standIn;
         item->previous = retired; // from here on `previous` chains the retired nodes
         retired = item;
     }
 
-    void UnlinkAll(const C* command) {
-        CItem* item = head;
-        while (item) {
-            CItem* next = item->next;
-            if (item->command == command) {
-                Unlink(item);
-            }
-            item = next;
-        }
-    }
-
-private:
     void FreeRetired() {
         while (retired) {
             CItem* item = retired;
@@ -99,10 +69,15 @@ private:
         }
     }
 
+private:
+    void Unlink(CItem* item) {
+        (item->previous ? item->previous->next : head) = item->next;
+        (item->next ? item->next->previous : tail) = item->previous;
+    }
+
     CItem* head = nullptr;
     CItem* tail = nullptr;
     CItem* retired = nullptr;
-    int walks = 0;
 };
 
 } // namespace Vorin::Core

@@ -65,7 +65,7 @@ public:
     void Connect(ICommand& command) override;
     void Disconnect(ICommand*& command, bool destroy) override;
     void Disconnect(ICommand& command) override;
-    ~CEventProvider() override = default;
+    ~CEventProvider() override;
 
     void Notify() override;
 
@@ -78,10 +78,17 @@ public:
     int GetPendingCount() const { return pendingCount; }
 
 private:
+    void TakeOut(CItem* item);
+    void WalkOutermost();
+    void WalkNested();
+
     TCommandList<ICommand> commands;
     CItem* cursor = nullptr; // what the walk in progress visits next; shared by nested walks
     int pendingCount = 0;
     bool enabled = true;
+    // Whose command the innermost walk executes; null when there is none. Kept apart from the
+    // cursor: side by side, compilers store the two as one vector, which costs more than it saves.
+    CItem* current = nullptr;
 };
 
 } // namespace Vorin::Core
