@@ -1,0 +1,61 @@
+#pragma once
+
+#include "math/Function.h"
+
+namespace Vorin::Math {
+
+/// A value that does not depend on anything, as an object. A new one is 0.
+class CConstant : public virtual IConstant {
+public:
+    static constexpr const char* kIdentifier = "{8794ACBA-1CC8-4ab8-902F-3A2C352E66CE}";
+
+    explicit CConstant(double initial = 0.0) : value(initial) {}
+
+    const char* GetType() const override { return kIdentifier; }
+    double Evaluate() const override { return value; }
+    IConstant* Clone() const override { return new CConstant(value); }
+
+    double GetValue() const { return value; }
+    void SetValue(double newValue) { value = newValue; }
+
+private:
+    double value;
+};
+
+/// f(x) = value. A new one is 0.
+class CConstantFunction : public virtual IFunction {
+public:
+    static constexpr const char* kIdentifier = "{72E2E475-5248-41cb-BBE2-9E1F1E4BAF30}";
+
+    explicit CConstantFunction(double initial = 0.0) : value(initial) {}
+
+    const char* GetType() const override { return kIdentifier; }
+    double Evaluate(double) const override { return value; }
+    IFunction* Clone() const override { return new CConstantFunction(value); }
+
+    double GetValue() const { return value; }
+    void SetValue(double newValue) { value = newValue; }
+
+private:
+    double value;
+};
+
+/// f(x, y) = value. A new one is 0.
+class CConstantBinaryFunction : public virtual IBinaryFunction {
+public:
+    static constexpr const char* kIdentifier = "{D21815E0-885C-4996-B493-90E08E953055}";
+
+    explicit CConstantBinaryFunction(double initial = 0.0) : value(initial) {}
+
+    const char* GetType() const override { return kIdentifier; }
+    double Evaluate(double, double) const override { return value; }
+    IBinaryFunction* Clone() const override { return new CConstantBinaryFunction(value); }
+
+    double GetValue() const { return value; }
+    void SetValue(double newValue) { value = newValue; }
+
+private:
+    double value;
+};
+
+} // namespace Vorin::Math

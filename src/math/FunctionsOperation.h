@@ -1,0 +1,93 @@
+#pragma once
+
+#include "containers/Count.h"
+#include "core/Ownership.h"
+#include "math/FunctionsLibrary.h"
+#include "math/LibraryFunction.h"
+
+#include <cassert>
+#include <cstddef>
+#include <deque>
+
+namespace Vorin::Math {
+
+/// A function made of a list of functions of interface F, owned or borrowed each. A slot may be
+/// null.
+///
+/// A copy owns clones of all parts, also of the borrowed ones. One thread at a time while the list
+/// is being changed.
+template <class F>
+class TNFunctionsAggregate : public virtual F, public virtual Containers::ICount {
+public:
+    int GetCount() const override { return static_cast<int>(functions.size()); }
+
+    /// New slots are null; functions of slots that go are deleted when owned. A negative count is
+    /// 0.
+    void SetCount(int count) override {
+        functions.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+    }
+
+    /// The function of a slot, 0 <= index < GetCount(); null for a null slot.
+    const F* GetFunction(int index) const { return At(functions, index).Get(); }
+    F* GetFunction(int index) { return At(functions, index).Get(); }
+
+    /// Replaces the function of a slot; the previous one is deleted when owned. A borrowed function
+    /// has to outlive its stay here.
+    void SetFunction(int index, F* function, Core::EOwnership ownership) {
+        At(functions, index).Set(function, ownership);
+    }
+
+protected:
+    // A deque, since growing it at the end leaves the slots in place: moving a slot to another
+    // address would be a copy, which turns a borrowed function into a clone.
+    using Slots = std::deque<Core::TOwnershipWithClone<F>>;
+
+    const Slots& GetSlots() const { return functions; }
+
+private:
+    template <class S>
+    static auto& At(S& slots, int index) {
+        assert(index >= 0 && static_cast<std::size_t>(index) < slots.size());
+        return slots[static_cast<std::size_t>(index)];
+    }
+
+    Slots functions;
+};
+
+/// The operations that fold a list of functions. The identifiers are part of the file format.
+using FunctionsOperations = TLibraryEntries<
+    TLibraryEntry<&FunctionsLibrary::Sum, "{B8280134-87FF-44ae-809E-1B645160B214}">,
+    TLibraryEntry<&FunctionsLibrary::Difference, "{F95377FF-6828-4a2d-8CB9-2A63C47EA65D}">,
+    TLibraryEntry<&FunctionsLibrary::Product, "{3D5E106B-C306-476c-8817-24E755168A5C}">,
+    TLibraryEntry<&FunctionsLibrary::Division, "{41B8F3B2-540C-4c85-B874-FFA435C71129}">>;
+
+/// The values of a list of functions at one x, folded in order with the library function Operation:
+/// the difference of f, g and h is (f(x) - g(x)) - h(x). Null slots are skipped; no function at all
+/// gives 0.
+template <double (*Operation)(double, double)>
+class TFunctionsOperation : public TNFunctionsAggregate<IFunction> {
+public:
+    static constexpr const char* kIdentifier = FunctionsOperations::FindIdentifier<Operation>();
+    static_assert(FunctionsOperations::kContains<Operation>,
+                  "this operation has no class identifier");
+
+    const char* GetType() const override { return kIdentifier; }
+
+    double Evaluate(double x) const override {
+        double result = 0.0;
+        bool isFirst = true;
+        for (const Core::TOwnershipWithClone<IFunction>& slot : GetSlots()) {
+            const IFunction* function = slot.Get();
+            if (function) {
+                const double value = function->Evaluate(x);
+                result = isFirst ? value : Operation(result, value);
+                isFirst = false;
+            }
+        }
+        return result;
+    }
+
+    IFunction* Clone() const override { return new TFunctionsOperation(*this); }
+};
+
+} // namespace Vorin::Math
