@@ -1,0 +1,107 @@
+#pragma once
+
+#include "containers/Count.h"
+#include "math/LookupTable.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace Vorin::Math {
+
+/// How many of the samples in a window fall into each of a row of bins. One thread at a time.
+///
+/// L is the TLookupTable that shows the bins as a function. The counts are kept apart from it, in
+/// integers and spread over several lanes: two samples in a row that fall into one bin then do not
+/// wait for each other. FoldIntoTable brings the table up to date, so what reads the table calls it
+/// first. Below 2^24 samples in the window the table's floats hold the same numbers that counting
+/// in floats would give.
+template <class L>
+class THistogram : public virtual Containers::ICount {
+public:
+    using Value = typename L::Value;
+
+    /// The bin of a sample that has left no count: RemoveBin of it changes nothing.
+    static constexpr int kNoBin = -1;
+
+    THistogram(int bins, Value min, Value max) {
+        table.SetRange(min, max);
+        THistogram::SetCount(bins);
+    }
+
+    int GetCount() const override { return table.GetCount(); }
+
+    /// Sets the number of bins and empties them. Allocates.
+    void SetCount(int bins) override {
+        table.SetCount(bins);
+        laneSize = static_cast<std::size_t>(table.GetCount()) + 1;
+        lanes.resize(laneSize * kLanes);
+        Reset();
+    }
+
+    void Reset() {
+        std::fill(lanes.begin(), lanes.end(), 0U);
+        std::fill_n(table.GetValues(), table.GetCount(), Value(0));
+    }
+
+    /// The bin of each sample. What lies outside the range falls into the first or the last bin,
+    /// NaN into the first. [audio]
+    void FindBins(const Value* samples, int count, int* bins) const {
+        const Value bottom = table.GetMin();
+        const Value top = table.GetMax();
+        const Value scale = table.GetScale();
+        for (int i = 0; i < count; ++i) {
+            // The second comparison fails for NaN, and so takes the bottom for it.
+            const Value raised = samples[i] > bottom ? samples[i] : bottom;
+            const Value inside = samples[i] > top ? top : raised;
+            bins[i] = static_cast<int>((inside - bottom) * scale + Value(0.5));
+        }
+    }
+
+    /// Adds one to each bin of `added` and takes one from each of `removed`, where kNoBin takes
+    /// nothing. [audio]
+    void Count(const int* added, const int* removed, int count) {
+        // Entry 0 of a lane belongs to kNoBin and is never read.
+        std::uint32_t* lane = lanes.data() + 1;
+        const std::size_t step = laneSize;
+        int i = 0;
+        for (; i + 4 <= count; i += 4) {
+            lane[added[i]] += 1;
+            lane[step + added[i + 1]] += 1;
+            lane[2 * step + added[i + 2]] += 1;
+            lane[3 * step + added[i + 3]] += 1;
+            lane[4 * step + removed[i]] -= 1;
+            lane[5 * step + removed[i + 1]] -= 1;
+            lane[6 * step + removed[i + 2]] -= 1;
+            lane[7 * step + removed[i + 3]] -= 1;
+        }
+        for (; i < count; ++i) {
+            lane[added[i]] += 1;
+            lane[4 * step + removed[i]] -= 1;
+        }
+    }
+
+    /// Brings the table up to date with the counts. [audio]
+    void FoldIntoTable() {
+        Value* values = table.GetValues();
+        for (int bin = 0; bin < table.GetCount(); ++bin) {
+            std::uint32_t sum = 0;
+            for (std::size_t lane = 0; lane < kLanes; ++lane) {
+                sum += lanes[lane * laneSize + static_cast<std::size_t>(bin) + 1];
+            }
+            values[bin] = static_cast<Value>(static_cast<std::int32_t>(sum));
+        }
+    }
+
+    /// The bins as of the last fold.
+    const L& GetTable() const { return table; }
+
+private:
+    static constexpr std::size_t kLanes = 8;
+
+    L table;
+    std::size_t laneSize = 0;
+    std::vector<std::uint32_t> lanes;
+};
+
+} // namespace Vorin::Math
