@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Arguments.h"
+
+namespace Workbench {
+
+/// The commands of the program. Each takes the words behind its name and does its whole work.
+COutcome RunScope(CArguments& arguments);
+COutcome RunDemo(CArguments& arguments);
+
+} // namespace Workbench

@@ -1,0 +1,90 @@
+#include "ScopeRun.h"
+
+#include "filters/OndaraFilter.h"
+
+#include <array>
+
+namespace Workbench {
+
+using namespace Vorin;
+using namespace Vorin::Audio;
+
+/// The values of the plug-in's parameters, in the order of its input infos.
+class CScopeRun::CInputValues : public Plugin::CAudioPluginInternals::IInputValues {
+public:
+    explicit CInputValues(const std::vector<double>& initial) {
+        for (const double value : initial) {
+            values.push_back(std::make_unique<Core::TValue<double>>(value));
+        }
+    }
+
+    int GetCount() const override { return static_cast<int>(values.size()); }
+    const Core::TIValue<double>& Get(int index) const override {
+        return *values[static_cast<std::size_t>(index)];
+    }
+    Core::TIValue<double>& Get(int index) override {
+        return *values[static_cast<std::size_t>(index)];
+    }
+
+private:
+    std::vector<std::unique_ptr<Core::TValue<double>>> values;
+};
+
+CScopeRun::CScopeRun(const CScopeOptions& scopeOptions)
+    : options(scopeOptions),
+      inputValues(std::make_unique<CInputValues>(std::vector<double>{
+          options.bypass ? 1.0 : 0.0, options.stereoMode, options.view, options.sync,
+          options.delayMilliseconds, options.triggerValue, options.triggerDirection})),
+      internals({PluginsFilters::CreateOndaraFilter(), options.refreshHz}) {
+    internals.Connect(*inputValues);
+}
+
+CScopeRun::~CScopeRun() = default;
+
+COutcome CScopeRun::Begin(double sampleRate) {
+    const DSP::CFilterConfig config{
+        .applyDefaults = false, .blockSize = options.blockFrames, .mode = 1, .configuration = -1};
+    if (!internals.Configure(config, sampleRate)) {
+        return COutcome::BadInput(options.input + ": has a sample rate that cannot be run, " +
+                                  std::to_string(sampleRate) + " Hz");
+    }
+    return {};
+}
+
+void CScopeRun::Process(float* left, float* right, int frames) {
+    std::array<DSP::CAudioStream, 2> channels = {DSP::CAudioStream(left, frames),
+                                                 DSP::CAudioStream(right, frames)};
+    DSP::CAudioStreams inputs(channels.data(), static_cast<int>(channels.size()));
+    DSP::CAudioStreams outputs(nullptr, 0);
+    processor.Process({.inputs = inputs,
+                       .outputs = outputs,
+                       .frames = frames,
+                       .bypass = options.bypass,
+                       .silent = false});
+}
+
+void CScopeRun::Flush() {
+    internals.GetFilter().UpdateOutputs();
+    // The blocking form always gets through.
+    static_cast<void>(internals.TransferOutputs(true));
+}
+
+int CScopeRun::GetCurvesCount() const { return internals.GetOutputCurveInfos().GetCount(); }
+
+CCurve CScopeRun::ReadCurve(int index, int points) {
+    const auto& info = internals.GetOutputCurveInfos().Get(index);
+    const auto& xInfo = info.GetXInfo();
+    CCurve curve{
+        info.GetName(), xInfo.GetUnit(), info.GetYInfo().GetMin(), info.GetYInfo().GetMax(), {}};
+    curve.points.reserve(static_cast<std::size_t>(points));
+    Core::CAutoLock guard(internals.GetOutputsLock());
+    const Math::IFunction* function = internals.GetOutputCurve(index).GetValue();
+    for (int i = 0; i < points; ++i) {
+        const double x = xInfo.GetMin() +
+                         (xInfo.GetMax() - xInfo.GetMin()) * i / static_cast<double>(points - 1);
+        curve.points.push_back({x, function ? function->Evaluate(x) : 0.0});
+    }
+    return curve;
+}
+
+} // namespace Workbench

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Outcome.h"
+#include "ScopeOptions.h"
+
+#include "audio/plugin/AudioPluginInternals.h"
+#include "audio/plugin/BlockProcessor.h"
+
+#include <string>
+#include <vector>
+
+namespace Workbench {
+
+struct CPoint {
+    double x = 0.0;
+    double y = 0.0;
+};
+
+/// One published curve, read at even distances over its whole range, both ends included.
+struct CCurve {
+    std::string name;
+    std::string unitX;
+    double minY = 0.0;
+    double maxY = 0.0;
+    std::vector<CPoint> points;
+};
+
+/// The plug-in with a sound going through it, block by block, as a host would drive it. Every block
+/// counts as sound: whether one is silent would depend on where its borders fall.
+class CScopeRun {
+public:
+    explicit CScopeRun(const CScopeOptions& options);
+    ~CScopeRun();
+
+    /// Sets the parameters and makes everything ready for a sample rate in Hz.
+    COutcome Begin(double sampleRate);
+
+    /// One block of at most the block size.
+    void Process(float* left, float* right, int frames);
+
+    /// One update and publication more, wherever the pacing stands.
+    void Flush();
+
+    /// What the readers of the outputs see now.
+    CCurve ReadCurve(int index, int points);
+    int GetCurvesCount() const;
+
+private:
+    class CInputValues;
+
+    const CScopeOptions& options;
+    std::unique_ptr<CInputValues> inputValues;
+    Vorin::Audio::Plugin::CAudioPluginInternals internals;
+    Vorin::Audio::Plugin::CBlockProcessor processor{internals};
+};
+
+} // namespace Workbench

@@ -1,0 +1,63 @@
+#include "Commands.h"
+
+#include <cstdio>
+#include <cstring>
+#include <exception>
+
+namespace {
+
+using namespace Workbench;
+
+constexpr const char* kHelp = R"(usage: ondara COMMAND ...
+
+The workbench of the Ondara oscilloscope.
+
+  scope   run a sound file through the oscilloscope, and write its curves or a picture
+  demo    write a few seconds of sound to look at
+
+ondara COMMAND --help says more. Results go to the standard output or to a file, messages to the
+standard error. The exit status is 0 on success, 1 when the input is at fault, 2 on wrong usage.
+)";
+
+struct CCommand {
+    const char* name;
+    COutcome (*run)(CArguments&);
+};
+
+constexpr CCommand kCommands[] = {
+    {"scope", RunScope},
+    {"demo", RunDemo},
+};
+
+COutcome Run(int count, char** words) {
+    if (count < 2) {
+        return COutcome::WrongUsage("COMMAND: say what to do; see ondara --help");
+    }
+    if (std::strcmp(words[1], "--help") == 0 || std::strcmp(words[1], "-h") == 0) {
+        std::fputs(kHelp, stdout);
+        return {};
+    }
+    for (const CCommand& command : kCommands) {
+        if (std::strcmp(words[1], command.name) == 0) {
+            CArguments arguments(std::vector<std::string>(words + 2, words + count));
+            return command.run(arguments);
+        }
+    }
+    return COutcome::WrongUsage(std::string(words[1]) +
+                                ": there is no such command; see ondara --help");
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    COutcome outcome;
+    try {
+        outcome = Run(count, words);
+    } catch (const std::exception& error) {
+        outcome = COutcome::BadInput(std::string("the work cannot be done: ") + error.what());
+    }
+    if (!outcome) {
+        std::fprintf(stderr, "ondara: %s\n", outcome.message.c_str());
+    }
+    return outcome.exit;
+}
