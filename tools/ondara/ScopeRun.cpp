@@ -9,37 +9,21 @@ namespace Workbench {
 using namespace Vorin;
 using namespace Vorin::Audio;
 
-/// The values of the plug-in's parameters, in the order of its input infos.
-class CScopeRun::CInputValues : public Plugin::CAudioPluginInternals::IInputValues {
-public:
-    explicit CInputValues(const std::vector<double>& initial) {
-        for (const double value : initial) {
-            values.push_back(std::make_unique<Core::TValue<double>>(value));
-        }
-    }
-
-    int GetCount() const override { return static_cast<int>(values.size()); }
-    const Core::TIValue<double>& Get(int index) const override {
-        return *values[static_cast<std::size_t>(index)];
-    }
-    Core::TIValue<double>& Get(int index) override {
-        return *values[static_cast<std::size_t>(index)];
-    }
-
-private:
-    std::vector<std::unique_ptr<Core::TValue<double>>> values;
-};
-
 CScopeRun::CScopeRun(const CScopeOptions& scopeOptions)
-    : options(scopeOptions),
-      inputValues(std::make_unique<CInputValues>(std::vector<double>{
-          options.bypass ? 1.0 : 0.0, options.stereoMode, options.view, options.sync,
-          options.delayMilliseconds, options.triggerValue, options.triggerDirection})),
-      internals({PluginsFilters::CreateOndaraFilter(), options.refreshHz}) {
-    internals.Connect(*inputValues);
+    : options(scopeOptions), internals({PluginsFilters::CreateOndaraFilter(), options.refreshHz}) {
+    const double values[] = {options.bypass ? 1.0 : 0.0,
+                             options.stereoMode,
+                             options.view,
+                             options.sync,
+                             options.delayMilliseconds,
+                             options.triggerValue,
+                             options.triggerDirection};
+    int index = 0;
+    for (const double value : values) {
+        inputValues.Get(index++).SetValue(value);
+    }
+    internals.Connect(inputValues);
 }
-
-CScopeRun::~CScopeRun() = default;
 
 COutcome CScopeRun::Begin(double sampleRate) {
     const DSP::CFilterConfig config{

@@ -5,6 +5,7 @@
 
 #include "audio/plugin/AudioPluginInternals.h"
 #include "audio/plugin/BlockProcessor.h"
+#include "audio/plugin/InputValues.h"
 
 #include <string>
 #include <vector>
@@ -30,7 +31,6 @@ struct CCurve {
 class CScopeRun {
 public:
     explicit CScopeRun(const CScopeOptions& options);
-    ~CScopeRun();
 
     /// Sets the parameters and makes everything ready for a sample rate in Hz.
     COutcome Begin(double sampleRate);
@@ -46,11 +46,9 @@ public:
     int GetCurvesCount() const;
 
 private:
-    class CInputValues;
-
     const CScopeOptions& options;
-    std::unique_ptr<CInputValues> inputValues;
     Vorin::Audio::Plugin::CAudioPluginInternals internals;
+    Vorin::Audio::Plugin::CInputValues inputValues{internals.GetInputInfos()};
     Vorin::Audio::Plugin::CBlockProcessor processor{internals};
 };
 
