@@ -4,15 +4,15 @@
 #include <cstdint>
 #include <limits>
 
-// Positions, distances and areas in whole pixels, y growing downwards.
-//
-// Plain values, free to use from any thread. Sums that leave the range of an int stop at its end
-// instead of overflowing: coordinates come from skins and hosts, and a far coordinate must stay
-// far.
+/// Positions, distances and areas in whole pixels, y growing downwards.
+///
+/// Plain values, free to use from any thread. Sums that leave the range of an int stop at its end
+/// instead of overflowing: coordinates come from skins and hosts, and a far coordinate must stay
+/// far.
 
 namespace Vorin::Core {
 
-// The nearest int to a value that may lie outside the range of int.
+/// The nearest int to a value that may lie outside the range of int.
 constexpr int SaturateToInt(std::int64_t value) {
     return static_cast<int>(std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(),
                                                      std::numeric_limits<int>::max()));
@@ -21,7 +21,7 @@ constexpr int SaturateToInt(std::int64_t value) {
 constexpr int SaturatedSum(int a, int b) { return SaturateToInt(std::int64_t{a} + b); }
 constexpr int SaturatedDifference(int a, int b) { return SaturateToInt(std::int64_t{a} - b); }
 
-// A distance between two positions.
+/// A distance between two positions.
 struct C2DVector {
     int x = 0;
     int y = 0;
@@ -39,7 +39,7 @@ struct C2DVector {
     }
 };
 
-// A position: the pixel whose top left corner it names.
+/// A position: the pixel whose top left corner it names.
 struct C2DPoint {
     int x = 0;
     int y = 0;
@@ -57,7 +57,7 @@ struct C2DPoint {
     }
 };
 
-// The extent of an area. Empty when a side is 0 or less.
+/// The extent of an area. Empty when a side is 0 or less.
 struct C2DSize {
     int width = 0;
     int height = 0;
@@ -67,7 +67,7 @@ struct C2DSize {
     constexpr bool IsEmpty() const { return width <= 0 || height <= 0; }
 };
 
-// An area of pixels: the right and bottom edges lie outside it. Empty when a side is 0 or less.
+/// An area of pixels: the right and bottom edges lie outside it. Empty when a side is 0 or less.
 struct C2DRectangle {
     int x = 0;
     int y = 0;
@@ -86,17 +86,17 @@ struct C2DRectangle {
     constexpr C2DSize GetSize() const { return {width, height}; }
     constexpr bool IsEmpty() const { return width <= 0 || height <= 0; }
 
-    // The first column right of the area and the first row below it, exact for every rectangle.
+    /// The first column right of the area and the first row below it, exact for every rectangle.
     constexpr std::int64_t GetRight() const { return std::int64_t{x} + width; }
     constexpr std::int64_t GetBottom() const { return std::int64_t{y} + height; }
 
-    // True when `point` is one of the pixels of the area.
+    /// True when `point` is one of the pixels of the area.
     constexpr bool Contains(const C2DPoint& point) const {
         return point.x >= x && point.x < GetRight() && point.y >= y && point.y < GetBottom();
     }
 
-    // The common area: the larger left and top, the smaller right and bottom, the sides never
-    // below 0.
+    /// The common area: the larger left and top, the smaller right and bottom, the sides never
+    /// below 0.
     constexpr C2DRectangle Intersect(const C2DRectangle& other) const {
         const int left = std::max(x, other.x);
         const int top = std::max(y, other.y);
@@ -106,12 +106,12 @@ struct C2DRectangle {
                 SaturateToInt(std::max<std::int64_t>(bottom - top, 0))};
     }
 
-    // True when the two areas have a pixel in common.
+    /// True when the two areas have a pixel in common.
     constexpr bool Intersects(const C2DRectangle& other) const {
         return !Intersect(other).IsEmpty();
     }
 
-    // The same area at another place.
+    /// The same area at another place.
     constexpr C2DRectangle Moved(const C2DVector& offset) const {
         return {GetPosition() + offset, GetSize()};
     }

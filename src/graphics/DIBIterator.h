@@ -5,20 +5,20 @@
 
 #include "graphics/RGB.h"
 
-// The pixel formats: one stateless type each, the parameter of everything that works on pixels.
-//
-// `Unit` is the memory word that addresses are counted in, a pixel is kUnitsPerPixel of them, and
-// GetStride gives the units from one row to the next. Read and Write turn a pixel into a colour and
-// back.
-//
-// For blending a pixel travels as lanes: its channels, at the format's own depth, 16 bits apart in
-// one 64-bit word, so that one multiplication by up to 256 serves all channels. Load and Store move
-// a pixel between memory and lanes; ToLanes gives the lanes of a colour. Store does what a write
-// must do besides: an alpha byte becomes 0xFF.
+/// The pixel formats: one stateless type each, the parameter of everything that works on pixels.
+///
+/// `Unit` is the memory word that addresses are counted in, a pixel is kUnitsPerPixel of them, and
+/// GetStride gives the units from one row to the next. Read and Write turn a pixel into a colour
+/// and back.
+///
+/// For blending a pixel travels as lanes: its channels, at the format's own depth, 16 bits apart in
+/// one 64-bit word, so that one multiplication by up to 256 serves all channels. Load and Store
+/// move a pixel between memory and lanes; ToLanes gives the lanes of a colour. Store does what a
+/// write must do besides: an alpha byte becomes 0xFF.
 
 namespace Vorin::Graphics {
 
-// Little-endian words 0xAARRGGBB.
+/// Little-endian words 0xAARRGGBB.
 struct CDIB32BGRIterator {
     using Unit = std::uint32_t;
     static constexpr int kBitsPerPixel = 32;
@@ -46,7 +46,7 @@ struct CDIB32BGRIterator {
     }
 };
 
-// Bytes B, G, R; rows rounded up to 4 bytes.
+/// Bytes B, G, R; rows rounded up to 4 bytes.
 struct CDIB24BGRIterator {
     using Unit = std::uint8_t;
     static constexpr int kBitsPerPixel = 24;
@@ -69,8 +69,8 @@ struct CDIB24BGRIterator {
     }
 };
 
-// Words 0RRRRRGGGGGBBBBB; rows rounded up to an even number of pixels. Read gives the 5-bit values
-// as they are, Write drops the three low bits of each channel.
+/// Words 0RRRRRGGGGGBBBBB; rows rounded up to an even number of pixels. Read gives the 5-bit values
+/// as they are, Write drops the three low bits of each channel.
 struct CDIB16BGRIterator {
     using Unit = std::uint16_t;
     static constexpr int kBitsPerPixel = 16;
@@ -100,7 +100,7 @@ struct CDIB16BGRIterator {
     }
 };
 
-// One grey byte; rows rounded up to 4 bytes. A colour is reduced to grey before anything else.
+/// One grey byte; rows rounded up to 4 bytes. A colour is reduced to grey before anything else.
 struct CDIB8MonoIterator {
     using Unit = std::uint8_t;
     static constexpr int kBitsPerPixel = 8;

@@ -7,13 +7,13 @@
 
 namespace Vorin::Graphics {
 
-// Single pixels of a memory bitmap in the format of `Iterator`. It does not own the memory.
+/// Single pixels of a memory bitmap in the format of `Iterator`. It does not own the memory.
 template <class Iterator>
 class TDIBPixelAccess : public IRGBPixelAccess {
 public:
     using Unit = typename Iterator::Unit;
 
-    // `memory`: the first row, the rows Iterator::GetStride(size.width) units apart; null allowed.
+    /// `memory`: the first row, the rows Iterator::GetStride(size.width) units apart; null allowed.
     TDIBPixelAccess(Unit* memory, const Core::C2DSize& size)
         : pixels(memory), area(Core::C2DPoint{}, memory ? size : Core::C2DSize{}),
           stride(Iterator::GetStride(area.width)) {}

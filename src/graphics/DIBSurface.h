@@ -10,18 +10,18 @@
 
 namespace Vorin::Graphics {
 
-// Draws on pixel memory in the format of `Iterator`, line by line and pixel by pixel, by itself.
-//
-// GUI thread only. The memory belongs to somebody else and must stay until the surface is gone or
-// released. Origin and clip are read once per call, so the calls that take arrays are the fast
-// ones. Only the bounding box of the clip counts.
+/// Draws on pixel memory in the format of `Iterator`, line by line and pixel by pixel, by itself.
+///
+/// GUI thread only. The memory belongs to somebody else and must stay until the surface is gone or
+/// released. Origin and clip are read once per call, so the calls that take arrays are the fast
+/// ones. Only the bounding box of the clip counts.
 template <class Iterator>
 class TDIBSurface : public IDrawSurface {
 public:
     using Unit = typename Iterator::Unit;
 
-    // `memory`: the first row, the rows Iterator::GetStride(size.width) units apart. Null gives a
-    // surface on which nothing can be drawn.
+    /// `memory`: the first row, the rows Iterator::GetStride(size.width) units apart. Null gives a
+    /// surface on which nothing can be drawn.
     TDIBSurface(Unit* memory, const Core::C2DSize& size);
 
     void SetPenColor(const RGB& color) override;
@@ -46,7 +46,7 @@ public:
     void ReleaseContext() override;
 
 private:
-    // A sum of offsets: wide enough that going back always leads back.
+    /// A sum of offsets: wide enough that going back always leads back.
     struct Origin {
         std::int64_t x = 0;
         std::int64_t y = 0;
@@ -59,16 +59,16 @@ private:
         RGB fillColor;
     };
 
-    // What one drawing call works with. The raster part is the same wherever origin and clip come
-    // from.
+    /// What one drawing call works with. The raster part is the same wherever origin and clip come
+    /// from.
     struct Drawing {
         TPixelTarget<Iterator> target;
         Origin origin;
     };
 
-    // False when there is nothing to draw on.
+    /// False when there is nothing to draw on.
     bool BeginDrawing(Drawing& drawing) const;
-    // The part of `rectangle`, given relative to the origin, that lies in the clip.
+    /// The part of `rectangle`, given relative to the origin, that lies in the clip.
     Core::C2DRectangle GetVisiblePart(const Core::C2DRectangle& rectangle) const;
 
     Unit* pixels;

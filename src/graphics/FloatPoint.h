@@ -2,7 +2,7 @@
 
 namespace Vorin::Graphics {
 
-// A position between the pixels, in pixels, y growing downwards. Pixel (i, j) lies at (i, j).
+/// A position between the pixels, in pixels, y growing downwards. Pixel (i, j) lies at (i, j).
 struct C2DFloatPoint {
     float x = 0.0f;
     float y = 0.0f;

@@ -4,11 +4,11 @@
 #include <cmath>
 #include <cstdint>
 
-// Cohen-Sutherland clipping of lines to a rectangle, for whole and for float coordinates.
+/// Cohen-Sutherland clipping of lines to a rectangle, for whole and for float coordinates.
 
 namespace Vorin::Graphics {
 
-// The last coordinates inside the clip.
+/// The last coordinates inside the clip.
 template <class T>
 struct TClipEdges {
     T left;
@@ -16,10 +16,10 @@ struct TClipEdges {
     T top;
     T bottom;
 
-    // False for a coordinate that is not a number.
+    /// False for a coordinate that is not a number.
     bool Contains(T x, T y) const { return x >= left && x <= right && y >= top && y <= bottom; }
 
-    // The edges that the point lies beyond, as a sum of EOutcode bits; 0 inside.
+    /// The edges that the point lies beyond, as a sum of EOutcode bits; 0 inside.
     int GetOutcode(T x, T y) const;
 };
 
@@ -39,8 +39,8 @@ struct TLine {
     T y2;
 };
 
-// Moves the end (x, y) of the line to the edge that the lowest bit of `code` names. The product
-// comes before the division: integers truncate once.
+/// Moves the end (x, y) of the line to the edge that the lowest bit of `code` names. The product
+/// comes before the division: integers truncate once.
 template <class T>
 void MoveToEdge(const TLine<T>& line, const TClipEdges<T>& edges, int code, T& x, T& y) {
     if (code & (kBelowBottom | kAboveTop)) {
@@ -54,11 +54,11 @@ void MoveToEdge(const TLine<T>& line, const TClipEdges<T>& edges, int code, T& x
     }
 }
 
-// Cuts the line to what lies within the edges; false when nothing does. An outside end moves to one
-// edge a round, the first end before the second.
-//
-// Each end needs two rounds. Rounding can ask for one more in floats, and between far float
-// coordinates it can go on forever: then the line is given up.
+/// Cuts the line to what lies within the edges; false when nothing does. An outside end moves to
+/// one edge a round, the first end before the second.
+///
+/// Each end needs two rounds. Rounding can ask for one more in floats, and between far float
+/// coordinates it can go on forever: then the line is given up.
 template <class T>
 bool CutLine(TLine<T>& line, const TClipEdges<T>& edges) {
     constexpr int kMaxRounds = 8;
@@ -81,8 +81,8 @@ bool CutLine(TLine<T>& line, const TClipEdges<T>& edges) {
     return false;
 }
 
-// Whole coordinates. What lies beyond kFarthest is taken as lying there, so that every product of
-// the intersection fits 64 bits.
+/// Whole coordinates. What lies beyond kFarthest is taken as lying there, so that every product of
+/// the intersection fits 64 bits.
 inline bool ClipLine(TLine<std::int64_t>& line, const TClipEdges<std::int64_t>& edges) {
     constexpr std::int64_t kFarthest = (std::int64_t{1} << 31) - (std::int64_t{1} << 14);
     for (std::int64_t* value : {&line.x1, &line.y1, &line.x2, &line.y2})
@@ -90,8 +90,8 @@ inline bool ClipLine(TLine<std::int64_t>& line, const TClipEdges<std::int64_t>& 
     return CutLine(line, edges);
 }
 
-// Float coordinates. A line with a coordinate that is no finite number, given or met on the way, is
-// refused.
+/// Float coordinates. A line with a coordinate that is no finite number, given or met on the way,
+/// is refused.
 inline bool ClipLine(TLine<float>& line, const TClipEdges<float>& edges) {
     if (!std::isfinite(line.x1) || !std::isfinite(line.y1) || !std::isfinite(line.x2) ||
         !std::isfinite(line.y2))

@@ -9,16 +9,16 @@
 
 #include "graphics/LineClip.h"
 
-// The pixel routines behind TDIBSurface: lines and smooth points in pixel memory of any format.
-//
-// They know a pixel memory and a clip, and not where the clip comes from. Lines arrive cut to the
-// clip already. Their inner loops do not test where they write: a line that is steep walks down the
-// rows, any other one along the columns (`major` is the axis of the walk, `minor` the other one),
-// each an instantiation of its own.
+/// The pixel routines behind TDIBSurface: lines and smooth points in pixel memory of any format.
+///
+/// They know a pixel memory and a clip, and not where the clip comes from. Lines arrive cut to the
+/// clip already. Their inner loops do not test where they write: a line that is steep walks down
+/// the rows, any other one along the columns (`major` is the axis of the walk, `minor` the other
+/// one), each an instantiation of its own.
 
 namespace Vorin::Graphics {
 
-// Where and with what colour to draw. The clip is never empty and lies inside the pixel memory.
+/// Where and with what colour to draw. The clip is never empty and lies inside the pixel memory.
 template <class Iterator>
 struct TPixelTarget {
     using Unit = typename Iterator::Unit;
@@ -39,8 +39,8 @@ struct TPixelTarget {
     Unit* At(int x, int y) const { return pixels + y * stride + x * Iterator::kUnitsPerPixel; }
 };
 
-// dst + (((src - dst) * weight) >> 8) for every channel, with a weight of 0 to 255. In the form
-// (dst * (256 - weight) + src * weight) >> 8 no channel is ever negative or reaches 16 bits.
+/// dst + (((src - dst) * weight) >> 8) for every channel, with a weight of 0 to 255. In the form
+/// (dst * (256 - weight) + src * weight) >> 8 no channel is ever negative or reaches 16 bits.
 template <class Iterator>
 std::uint64_t BlendLanes(std::uint64_t dst, std::uint64_t src, int weight) {
     const auto w = static_cast<std::uint64_t>(weight);
@@ -52,7 +52,7 @@ void BlendPixel(typename Iterator::Unit* pixel, std::uint64_t src, int weight) {
     Iterator::Store(pixel, BlendLanes<Iterator>(Iterator::Load(pixel), src, weight));
 }
 
-// The steps of a walk in units.
+/// The steps of a walk in units.
 template <class Iterator, bool Steep>
 struct TWalkSteps {
     explicit TWalkSteps(std::ptrdiff_t stride)
@@ -63,7 +63,7 @@ struct TWalkSteps {
     const std::ptrdiff_t minor;
 };
 
-// Bresenham's line from (x1, y1) to (x2, y2), x the major axis and x1 <= x2, both ends included.
+/// Bresenham's line from (x1, y1) to (x2, y2), x the major axis and x1 <= x2, both ends included.
 template <class Iterator, bool Steep>
 void WalkLine(const TPixelTarget<Iterator>& target, int x1, int y1, int x2, int y2) {
     const TWalkSteps<Iterator, Steep> steps(target.stride);
@@ -88,7 +88,7 @@ void WalkLine(const TPixelTarget<Iterator>& target, int x1, int y1, int x2, int 
     }
 }
 
-// A line inside the clip.
+/// A line inside the clip.
 template <class Iterator>
 void DrawClippedLine(const TPixelTarget<Iterator>& target, int x1, int y1, int x2, int y2) {
     if (std::abs(y2 - y1) > std::abs(x2 - x1)) {
@@ -104,11 +104,11 @@ void DrawClippedLine(const TPixelTarget<Iterator>& target, int x1, int y1, int x
     }
 }
 
-// Xiaolin Wu's line along its major axis x. `Guarded` skips pixels that leave the clip on the minor
-// axis, as end points within half a pixel of the clip's border can do; without it the caller has
-// made sure that none does.
-//
-// Weights are given in whole 255ths. A weight of 0 leaves the pixel as it is, its alpha too.
+/// Xiaolin Wu's line along its major axis x. `Guarded` skips pixels that leave the clip on the
+/// minor axis, as end points within half a pixel of the clip's border can do; without it the caller
+/// has made sure that none does.
+///
+/// Weights are given in whole 255ths. A weight of 0 leaves the pixel as it is, its alpha too.
 template <class Iterator, bool Steep, bool Guarded>
 class TSmoothWalk {
 public:
@@ -116,7 +116,7 @@ public:
         : pixels(target.pixels), pen(target.pen), steps(target.stride),
           low(Steep ? target.left : target.top), high(Steep ? target.right : target.bottom) {}
 
-    // x1 <= x2, both within the clip.
+    /// x1 <= x2, both within the clip.
     void Draw(float x1, float y1, float x2, float y2) const {
         const double dx = static_cast<double>(x2) - x1;
         const double g = dx == 0.0 ? 0.0 : (static_cast<double>(y2) - y1) / dx;
@@ -143,8 +143,8 @@ private:
     static constexpr double kFlatSlope = 0.003921569;
     static constexpr double kOnRow = 0.003921568859368563;
 
-    // The row of a minor coordinate. Between the clip's first row and the half row above it the
-    // row is -1, not 0: a line looks the same wherever the clip begins.
+    /// The row of a minor coordinate. Between the clip's first row and the half row above it the
+    /// row is -1, not 0: a line looks the same wherever the clip begins.
     static int GetRow(double y) {
         int row = static_cast<int>(y);
         if constexpr (Guarded)
@@ -162,7 +162,7 @@ private:
         BlendPixel<Iterator>(column + row * steps.minor, pen, weight);
     }
 
-    // The two pixels of an end, weighted by how much of the column (`gap`) the line covers.
+    /// The two pixels of an end, weighted by how much of the column (`gap`) the line covers.
     void DrawEnd(int x, double y, double gap) const {
         Unit* column = pixels + x * steps.major;
         const int row = GetRow(y);
@@ -171,7 +171,7 @@ private:
         Blend(column, row + 1, static_cast<int>((fraction * gap) * 255.0));
     }
 
-    // From `first` up to, but not including, `last`: a run along one row, or shared by two rows.
+    /// From `first` up to, but not including, `last`: a run along one row, or shared by two rows.
     void DrawFlat(int first, int last, float y) const {
         const int nearest = static_cast<int>(static_cast<double>(y) + 0.5);
         if (std::fabs(static_cast<double>(y) - nearest) < kOnRow) {
@@ -221,7 +221,7 @@ void DrawSmoothWalk(const TPixelTarget<Iterator>& target, float x1, float y1, fl
         TSmoothWalk<Iterator, Steep, true>(target).Draw(x1, y1, x2, y2);
 }
 
-// A smooth line inside the clip.
+/// A smooth line inside the clip.
 template <class Iterator>
 void DrawClippedSmoothLine(const TPixelTarget<Iterator>& target, const TLine<float>& line) {
     assert(target.template GetEdges<float>().Contains(line.x1, line.y1));
@@ -234,9 +234,9 @@ void DrawClippedSmoothLine(const TPixelTarget<Iterator>& target, const TLine<flo
         DrawSmoothWalk<Iterator, false>(target, line.x1, line.y1, line.x2, line.y2);
 }
 
-// A point spread over four pixels. The weight grows with the distance from the pixel: the heaviest
-// is the one diagonally away from the nearest. The look of curves depends on it. The border rows
-// and columns of the clip are never touched.
+/// A point spread over four pixels. The weight grows with the distance from the pixel: the heaviest
+/// is the one diagonally away from the nearest. The look of curves depends on it. The border rows
+/// and columns of the clip are never touched.
 template <class Iterator>
 void PlotSmoothPoint(const TPixelTarget<Iterator>& target, float x, float y) {
     // One pixel of the four can be inside only here; this also refuses what does not fit an int.

@@ -4,7 +4,7 @@
 
 namespace Vorin::Graphics {
 
-// A colour: 8 bits a channel, no alpha.
+/// A colour: 8 bits a channel, no alpha.
 struct RGB {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
