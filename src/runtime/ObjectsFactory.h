@@ -78,9 +78,9 @@ private:
 template <class C, class I>
 class TRegisteredObjectFactory final : public TObjectFactory<C, I> {
 public:
-    TRegisteredObjectFactory(const char* classId, const char* interfaceId)
-        : TObjectFactory<C, I>(classId, interfaceId) {
-        CObjectsFactory::Register(classId, interfaceId, this);
+    TRegisteredObjectFactory(const char* ownClassId, const char* ownInterfaceId)
+        : TObjectFactory<C, I>(ownClassId, ownInterfaceId) {
+        CObjectsFactory::Register(ownClassId, ownInterfaceId, this);
     }
     TRegisteredObjectFactory(const TRegisteredObjectFactory&) = delete;
     TRegisteredObjectFactory& operator=(const TRegisteredObjectFactory&) = delete;

@@ -1,0 +1,87 @@
+// Counts the allocations of the whole program: the reason why these tests have a file.
+
+#include "core/ArgEventProvider.h"
+#include "core/EventProvider.h"
+#include "core/Value.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::atomic<int> allocations{0};
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* block = std::malloc(size ? size : 1)) {
+        return block;
+    }
+    throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+
+namespace {
+
+using namespace Vorin::Core;
+
+class CCounter {
+public:
+    void OnChanged() {
+        ++calls;
+        if (provider && calls < 10) {
+            provider->Notify();
+        }
+    }
+    void OnArgument(int) { ++calls; }
+
+    CEventProvider* provider = nullptr;
+    int calls = 0;
+    TCommand<CCounter> command{this, &CCounter::OnChanged};
+    TArgCommand<CCounter, int> argCommand{this, &CCounter::OnArgument};
+};
+
+TEST(NotifyAllocationTest, ConnectAllocatesSoTheCounterWorks) {
+    CEventProvider provider;
+    CCounter counter;
+    const int before = allocations;
+    provider.Connect(counter.command);
+    EXPECT_GT(allocations, before);
+    provider.Disconnect(counter.command);
+}
+
+TEST(NotifyAllocationTest, NotifyAllocatesNothingNestedOrNot) {
+    CEventProvider provider;
+    CCounter first;
+    CCounter second;
+    first.provider = &provider;
+    second.provider = &provider;
+    provider.Connect(first.command);
+    provider.Connect(second.command);
+    const int before = allocations;
+    provider.Notify();
+    const int after = allocations;
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(first.calls + second.calls, 2);
+}
+
+TEST(NotifyAllocationTest, ArgumentNotifyAndNumberValuesAllocateNothing) {
+    TArgEventProvider<int> provider;
+    TValue<double> value;
+    CCounter counter;
+    provider.Connect(counter.argCommand);
+    value.GetValueChangedEvents().Connect(counter.command);
+    const int before = allocations;
+    provider.Notify(3);
+    value.SetValue(2.0);
+    const int after = allocations;
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(counter.calls, 2);
+}
+
+} // namespace
