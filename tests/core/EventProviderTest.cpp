@@ -205,6 +205,20 @@ TEST_F(EventProviderTest, CommandRunsAgainAfterItsNestedNotifyEnded) {
     EXPECT_EQ(NotifyAndGetLog(), "abcd");
 }
 
+TEST_F(EventProviderTest, CommandThatNestedOnceIsRunByLaterNestedWalks) {
+    ConnectAll();
+    b.reaction = [&] {
+        b.reaction = nullptr;
+        provider.Notify();
+    };
+    EXPECT_EQ(NotifyAndGetLog(), "abacd");
+    a.reaction = [&] {
+        a.reaction = nullptr;
+        provider.Notify();
+    };
+    EXPECT_EQ(NotifyAndGetLog(), "abcd");
+}
+
 TEST_F(EventProviderTest, ListenerThatSetsItsValueRunsOncePerExternalChange) {
     TValue<double> value(0.0);
     for (CListener* listener : {&a, &b, &c}) {

@@ -13,6 +13,12 @@
 namespace {
 
 std::atomic<int> allocations{0};
+std::atomic<int> releases{0};
+
+void Release(void* block) {
+    releases += block ? 1 : 0;
+    std::free(block);
+}
 
 } // namespace
 
@@ -23,8 +29,8 @@ void* operator new(std::size_t size) {
     }
     throw std::bad_alloc();
 }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+void operator delete(void* block) noexcept { Release(block); }
+void operator delete(void* block, std::size_t) noexcept { Release(block); }
 
 namespace {
 
@@ -38,12 +44,20 @@ public:
             provider->Notify();
         }
     }
+    void Leave() {
+        provider->Disconnect(leave);
+        argProvider->Disconnect(argLeave);
+    }
+    void LeaveWith(int) { Leave(); }
     void OnArgument(int) { ++calls; }
 
     CEventProvider* provider = nullptr;
+    TArgEventProvider<int>* argProvider = nullptr;
     int calls = 0;
     TCommand<CCounter> command{this, &CCounter::OnChanged};
     TArgCommand<CCounter, int> argCommand{this, &CCounter::OnArgument};
+    TCommand<CCounter> leave{this, &CCounter::Leave};
+    TArgCommand<CCounter, int> argLeave{this, &CCounter::LeaveWith};
 };
 
 TEST(NotifyAllocationTest, ConnectAllocatesSoTheCounterWorks) {
@@ -82,6 +96,25 @@ TEST(NotifyAllocationTest, ArgumentNotifyAndNumberValuesAllocateNothing) {
     const int after = allocations;
     EXPECT_EQ(after, before);
     EXPECT_EQ(counter.calls, 2);
+}
+
+TEST(NotifyAllocationTest, NodesTakenOutDuringAWalkAreFreedWhenItEnds) {
+    CEventProvider provider;
+    TArgEventProvider<int> argProvider;
+    CCounter counter;
+    counter.provider = &provider;
+    counter.argProvider = &argProvider;
+    provider.Connect(counter.leave);
+    int before = releases;
+    provider.Notify();
+    int after = releases;
+    EXPECT_EQ(after, before + 1);
+
+    argProvider.Connect(counter.argLeave);
+    before = releases;
+    argProvider.Notify(1);
+    after = releases;
+    EXPECT_EQ(after, before + 1);
 }
 
 } // namespace
