@@ -81,7 +81,7 @@ void CEventProvider::TakeOut(CItem* item) {
 // No command is running when this walk starts, and it meets no node twice: it need not ask.
 // As long as the listeners leave the cursor alone, the way from node to node is the local `next`;
 // reading the cursor back from memory at each step costs a third of the walk.
-inline void CEventProvider::WalkOutermost() {
+void CEventProvider::WalkOutermost() {
     cursor = commands.GetHead();
     while (cursor) {
         CItem* node = cursor;

@@ -79,7 +79,7 @@ public:
 
 private:
     void TakeOut(CItem* item);
-    void WalkOutermost();
+    inline void WalkOutermost(); // in the source file, for `Notify` alone
     void WalkNested();
 
     TCommandList<ICommand> commands;
