@@ -18,11 +18,17 @@ public:
     TCircularBuffer() = default;
     TCircularBuffer(const TCircularBuffer& other) { *this = other; }
     TCircularBuffer& operator=(const TCircularBuffer& other) {
-        if (this != &other) {
+        if (this == &other) {
+            return *this;
+        }
+        if (other.size == 0) {
+            data.reset(); // as it was before its first size, which SetSize has no way back to
+            size = mask = 0;
+        } else {
             SetSize(other.size);
             std::copy_n(other.data.get(), size, data.get());
-            head = other.head;
         }
+        head = other.head;
         return *this;
     }
 

@@ -90,6 +90,10 @@ TEST(CircularBufferTest, CopiesToAnIndependentBuffer) {
 TEST(CircularBufferTest, CopiesABufferThatHasNoSize) {
     const TCircularBuffer<int> empty;
     TCircularBuffer<int> copy(empty);
+    EXPECT_EQ(copy.GetCount(), 0);
+    copy.SetSize(8);
+    copy = empty;
+    EXPECT_EQ(copy.GetCount(), 0);
     copy.SetSize(2);
     copy.Fill(4);
     EXPECT_EQ(Newest(copy, 2), (std::vector<int>{4, 4}));

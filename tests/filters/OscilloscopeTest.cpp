@@ -528,6 +528,13 @@ TEST_F(OscilloscopeTest, OutlivesTheFilterThatItWasClonedFrom) {
     EXPECT_EQ(clone->GetOutputCurves().Get(1).Evaluate(1.0), 1.0);
 }
 
+TEST_F(OscilloscopeTest, ClonesBeforeItsFirstInit) {
+    const std::unique_ptr<IFilter> clone(filter.Clone());
+    clone->Init({}, 8.0);
+    EXPECT_EQ(clone->GetTailSamples(), 8);
+    EXPECT_EQ(filter.GetTailSamples(), 0);
+}
+
 TEST_F(OscilloscopeTest, SurvivesBlocksBeforeItsFirstInit) {
     Feed({1.0F, 2.0F});
     FeedSilence(3);

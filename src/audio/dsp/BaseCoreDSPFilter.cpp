@@ -116,7 +116,7 @@ void CBaseCoreDSPFilter::PassSilence(const CProcessRecord& record) {
 }
 
 void CBaseCoreDSPFilter::CountSilentFrames(int frames) {
-    if (silentFrames <= std::numeric_limits<std::int64_t>::max() - frames) {
+    if (frames > 0 && silentFrames <= std::numeric_limits<std::int64_t>::max() - frames) {
         silentFrames += frames;
     }
 }

@@ -36,7 +36,8 @@ public:
         if (order == 0) {
             return;
         }
-        for (std::size_t k = 0; k < static_cast<std::size_t>(order); ++k) {
+        // From the highest order down, so that each takes the one above it as it has just become.
+        for (auto k = static_cast<std::size_t>(order); k-- > 0;) {
             c[k] += c[k + 1];
         }
         weights = CWeights(c[0]);

@@ -9,8 +9,9 @@ namespace Vorin::Audio::DSP {
 /// Turns a pair of channels from Left-Right into Mid-Side and back, or stops anywhere between.
 /// [audio]
 ///
-/// The mode `a` is -1 for Left-Right and 0 for Mid-Side. It may move while a block runs: order k of
-/// the polynomial is then its k-th forward difference per frame at the block's start.
+/// The mode `a` is -1 for Left-Right and 0 for Mid-Side. It may move while a block runs: order 0 is
+/// then its value at the block's first frame, and after each frame, from the highest order down, each
+/// order is added to the one below it.
 class CMidSideMatrix {
 public:
     static constexpr int kMaxOrder = 3;
