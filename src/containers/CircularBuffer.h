@@ -25,7 +25,7 @@ public:
             data.reset(); // as it was before its first size, which SetSize has no way back to
             size = mask = 0;
         } else {
-            SetSize(other.size);
+            TCircularBuffer::SetSize(other.size);
             std::copy_n(other.data.get(), size, data.get());
         }
         head = other.head;

@@ -16,12 +16,12 @@ namespace Vorin::CoreUtilities {
 template <class T, class I, class V = Containers::IVector<I>>
 class TDynamicCollection : public virtual V {
 public:
-    int GetCount() const { return items.GetSize(); }
+    int GetCount() const override { return items.GetSize(); }
 
-    const I& Get(int index) const { return At(index); }
+    const I& Get(int index) const override { return At(index); }
 
-    // No `override` in this class: V may or may not have the non-const form.
-    I& Get(int index) { return At(index); }
+    // No `override`: V may or may not have the non-const form.
+    I& Get(int index) { return At(index); } // NOLINT(modernize-use-override)
 
     T& At(int index) {
         assert(0 <= index && index < items.GetSize());

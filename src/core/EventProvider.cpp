@@ -9,6 +9,7 @@ namespace Vorin::Core {
 
 CEventProvider::CEventProvider(const CEventProvider&) : IEventProvider(), INotify() {}
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is assigned.
 CEventProvider& CEventProvider::operator=(const CEventProvider&) { return *this; }
 
 CEventProvider::~CEventProvider() {

@@ -10,7 +10,6 @@ namespace PluginsFilters {
 
 using namespace Vorin::Audio::DSP;
 using namespace Vorin::Math;
-using Vorin::Core::CDirty;
 
 namespace {
 

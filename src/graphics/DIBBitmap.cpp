@@ -58,22 +58,26 @@ typename Iterator::Unit* AsUnits(std::uint8_t* memory) {
 
 CDIBBitmap::CDIBBitmap(const Core::C2DSize& requestedSize, int requestedBits)
     : bitsPerPixel(requestedBits) {
-    if (!IsUsableSize(requestedSize))
+    if (!IsUsableSize(requestedSize)) {
         return;
+    }
     const int stride = Graphics::GetStrideBytes(bitsPerPixel, requestedSize.width);
-    if (stride == 0)
+    if (stride == 0) {
         return;
+    }
     pixels.reset(static_cast<std::uint8_t*>(std::calloc(
         static_cast<std::size_t>(requestedSize.height), static_cast<std::size_t>(stride))));
-    if (!pixels)
+    if (!pixels) {
         return;
+    }
     size = requestedSize;
     strideBytes = stride;
 }
 
 void CDIBBitmap::Clear() {
-    if (pixels)
+    if (pixels) {
         std::memset(pixels.get(), 0, GetByteCount());
+    }
 }
 
 std::unique_ptr<IRGBPixelAccess> CDIBBitmap::CreatePixelAccess() {

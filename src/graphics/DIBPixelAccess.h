@@ -25,8 +25,9 @@ public:
 
     void SetPixel(const Core::C2DPoint& point, const RGB& color) override {
         const Core::C2DPoint moved = point + origin;
-        if (area.Contains(moved))
+        if (area.Contains(moved)) {
             Iterator::Write(At(moved), color);
+        }
     }
 
     void SetOrigin(const Core::C2DVector& newOrigin) override { origin = newOrigin; }

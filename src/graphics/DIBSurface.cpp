@@ -12,15 +12,17 @@ using LongLine = TLine<std::int64_t>;
 template <class Iterator>
 void DrawAnyLine(const TPixelTarget<Iterator>& target, LongLine line) {
     const auto edges = target.template GetEdges<std::int64_t>();
-    if (ClipLine(line, edges))
+    if (ClipLine(line, edges)) {
         DrawClippedLine(target, static_cast<int>(line.x1), static_cast<int>(line.y1),
                         static_cast<int>(line.x2), static_cast<int>(line.y2));
+    }
 }
 
 template <class Iterator>
 void DrawAnySmoothLine(const TPixelTarget<Iterator>& target, TLine<float> line) {
-    if (ClipLine(line, target.template GetEdges<float>()))
+    if (ClipLine(line, target.template GetEdges<float>())) {
         DrawClippedSmoothLine(target, line);
+    }
 }
 
 // The polylines test each point once; a pair inside the clip goes straight to the pixels.
@@ -35,11 +37,12 @@ void DrawLines(const TPixelTarget<Iterator>& target, const Origin& origin,
         const std::int64_t x2 = points[i].x + origin.x;
         const std::int64_t y2 = points[i].y + origin.y;
         const bool nextInside = edges.Contains(x2, y2);
-        if (inside && nextInside)
+        if (inside && nextInside) {
             DrawClippedLine(target, static_cast<int>(x1), static_cast<int>(y1),
                             static_cast<int>(x2), static_cast<int>(y2));
-        else
+        } else {
             DrawAnyLine(target, {x1, y1, x2, y2});
+        }
         x1 = x2;
         y1 = y2;
         inside = nextInside;
@@ -59,10 +62,11 @@ void DrawSmoothLines(const TPixelTarget<Iterator>& target, const Origin& origin,
         const float x2 = points[i].x + originX;
         const float y2 = points[i].y + originY;
         const bool nextInside = edges.Contains(x2, y2);
-        if (inside && nextInside)
+        if (inside && nextInside) {
             DrawClippedSmoothLine(target, {x1, y1, x2, y2});
-        else
+        } else {
             DrawAnySmoothLine(target, {x1, y1, x2, y2});
+        }
         x1 = x2;
         y1 = y2;
         inside = nextInside;
@@ -74,10 +78,11 @@ void DrawSmoothLines(const TPixelTarget<Iterator>& target, const Origin& origin,
 template <class Iterator>
 TDIBSurface<Iterator>::TDIBSurface(Unit* memory, const Core::C2DSize& size)
     : pixels(memory), stride(Iterator::GetStride(size.width)) {
-    if (pixels)
+    if (pixels) {
         state.clip = {Core::C2DPoint{}, size};
-    SetPenColor(RGB{});
-    SetFillColor(RGB{});
+    }
+    TDIBSurface::SetPenColor(RGB{});
+    TDIBSurface::SetFillColor(RGB{});
 }
 
 template <class Iterator>
@@ -98,8 +103,9 @@ void TDIBSurface<Iterator>::DrawLine(const Core::C2DPoint& from, const Core::C2D
 template <class Iterator>
 void TDIBSurface<Iterator>::DrawPolyline(const Core::C2DPoint* points, int count) {
     Drawing drawing;
-    if (count >= 2 && BeginDrawing(drawing))
+    if (count >= 2 && BeginDrawing(drawing)) {
         DrawLines(drawing.target, drawing.origin, points, count);
+    }
 }
 
 template <class Iterator>
@@ -110,23 +116,26 @@ void TDIBSurface<Iterator>::DrawPoint(const Core::C2DPoint& point) {
 template <class Iterator>
 void TDIBSurface<Iterator>::DrawPoints(const Core::C2DPoint* points, int count) {
     Drawing drawing;
-    if (count < 1 || !BeginDrawing(drawing))
+    if (count < 1 || !BeginDrawing(drawing)) {
         return;
+    }
     const auto& target = drawing.target;
     const auto edges = target.template GetEdges<std::int64_t>();
     for (int i = 0; i < count; ++i) {
         const std::int64_t x = points[i].x + drawing.origin.x;
         const std::int64_t y = points[i].y + drawing.origin.y;
-        if (edges.Contains(x, y))
+        if (edges.Contains(x, y)) {
             Iterator::Store(target.At(static_cast<int>(x), static_cast<int>(y)), target.pen);
+        }
     }
 }
 
 template <class Iterator>
 void TDIBSurface<Iterator>::DrawRectangle(const Core::C2DRectangle& rectangle) {
     Drawing drawing;
-    if (rectangle.IsEmpty() || !BeginDrawing(drawing))
+    if (rectangle.IsEmpty() || !BeginDrawing(drawing)) {
         return;
+    }
     const std::int64_t left = rectangle.x + drawing.origin.x;
     const std::int64_t top = rectangle.y + drawing.origin.y;
     const std::int64_t right = left + rectangle.width - 1;
@@ -146,8 +155,9 @@ void TDIBSurface<Iterator>::DrawSmoothLine(const C2DFloatPoint& from, const C2DF
 template <class Iterator>
 void TDIBSurface<Iterator>::DrawSmoothPolyline(const C2DFloatPoint* points, int count) {
     Drawing drawing;
-    if (count >= 2 && BeginDrawing(drawing))
+    if (count >= 2 && BeginDrawing(drawing)) {
         DrawSmoothLines(drawing.target, drawing.origin, points, count);
+    }
 }
 
 template <class Iterator>
@@ -158,12 +168,14 @@ void TDIBSurface<Iterator>::DrawSmoothPoint(const C2DFloatPoint& point) {
 template <class Iterator>
 void TDIBSurface<Iterator>::DrawSmoothPoints(const C2DFloatPoint* points, int count) {
     Drawing drawing;
-    if (count < 1 || !BeginDrawing(drawing))
+    if (count < 1 || !BeginDrawing(drawing)) {
         return;
+    }
     const auto originX = static_cast<float>(drawing.origin.x);
     const auto originY = static_cast<float>(drawing.origin.y);
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
         PlotSmoothPoint(drawing.target, points[i].x + originX, points[i].y + originY);
+    }
 }
 
 template <class Iterator>
@@ -175,13 +187,15 @@ void TDIBSurface<Iterator>::SetFillColor(const RGB& color) {
 template <class Iterator>
 void TDIBSurface<Iterator>::FillRectangle(const Core::C2DRectangle& rectangle) {
     const Core::C2DRectangle area = GetVisiblePart(rectangle);
-    if (!pixels || area.IsEmpty())
+    if (!pixels || area.IsEmpty()) {
         return;
+    }
     const std::uint64_t lanes = fillLanes;
     for (int row = 0; row < area.height; ++row) {
         Unit* pixel = pixels + (area.y + row) * stride + area.x * Iterator::kUnitsPerPixel;
-        for (int i = 0; i < area.width; ++i, pixel += Iterator::kUnitsPerPixel)
+        for (int i = 0; i < area.width; ++i, pixel += Iterator::kUnitsPerPixel) {
             Iterator::Store(pixel, lanes);
+        }
     }
 }
 
@@ -215,11 +229,12 @@ void TDIBSurface<Iterator>::SaveState() {
 
 template <class Iterator>
 void TDIBSurface<Iterator>::RestoreState() {
-    if (savedStates.empty())
+    if (savedStates.empty()) {
         return;
+    }
     state = savedStates.back();
     savedStates.pop_back();
-    SetPenColor(state.penColor);
+    TDIBSurface::SetPenColor(state.penColor);
     SetFillColor(state.fillColor);
 }
 
@@ -233,8 +248,9 @@ void TDIBSurface<Iterator>::ReleaseContext() {
 template <class Iterator>
 bool TDIBSurface<Iterator>::BeginDrawing(Drawing& drawing) const {
     const Core::C2DRectangle& clip = state.clip;
-    if (!pixels || clip.IsEmpty())
+    if (!pixels || clip.IsEmpty()) {
         return false;
+    }
     drawing.target = {pixels,
                       stride,
                       penLanes,

@@ -40,15 +40,18 @@ struct TLine {
 };
 
 /// Moves the end (x, y) of the line to the edge that the lowest bit of `code` names. The product
-/// comes before the division: integers truncate once.
+/// comes before the division: integers truncate once. The other end does not lie beyond that edge,
+/// so the divisor is not 0.
 template <class T>
 void MoveToEdge(const TLine<T>& line, const TClipEdges<T>& edges, int code, T& x, T& y) {
     if (code & (kBelowBottom | kAboveTop)) {
         const T edge = (code & kBelowBottom) ? edges.bottom : edges.top;
+        // NOLINTNEXTLINE(clang-analyzer-core.DivideZero)
         x = line.x1 + (edge - line.y1) * (line.x2 - line.x1) / (line.y2 - line.y1);
         y = edge;
     } else {
         const T edge = (code & kBeyondRight) ? edges.right : edges.left;
+        // NOLINTNEXTLINE(clang-analyzer-core.DivideZero)
         y = line.y1 + (edge - line.x1) * (line.y2 - line.y1) / (line.x2 - line.x1);
         x = edge;
     }
@@ -65,10 +68,12 @@ bool CutLine(TLine<T>& line, const TClipEdges<T>& edges) {
     int first = edges.GetOutcode(line.x1, line.y1);
     int second = edges.GetOutcode(line.x2, line.y2);
     for (int round = 0; round < kMaxRounds; ++round) {
-        if ((first | second) == 0)
+        if ((first | second) == 0) {
             return true;
-        if ((first & second) != 0)
+        }
+        if ((first & second) != 0) {
             return false;
+        }
         const TLine<T> whole = line;
         if (first != 0) {
             MoveToEdge(whole, edges, first, line.x1, line.y1);
@@ -85,8 +90,9 @@ bool CutLine(TLine<T>& line, const TClipEdges<T>& edges) {
 /// the intersection fits 64 bits.
 inline bool ClipLine(TLine<std::int64_t>& line, const TClipEdges<std::int64_t>& edges) {
     constexpr std::int64_t kFarthest = (std::int64_t{1} << 31) - (std::int64_t{1} << 14);
-    for (std::int64_t* value : {&line.x1, &line.y1, &line.x2, &line.y2})
+    for (std::int64_t* value : {&line.x1, &line.y1, &line.x2, &line.y2}) {
         *value = std::clamp(*value, -kFarthest, kFarthest);
+    }
     return CutLine(line, edges);
 }
 
@@ -94,8 +100,9 @@ inline bool ClipLine(TLine<std::int64_t>& line, const TClipEdges<std::int64_t>& 
 /// is refused.
 inline bool ClipLine(TLine<float>& line, const TClipEdges<float>& edges) {
     if (!std::isfinite(line.x1) || !std::isfinite(line.y1) || !std::isfinite(line.x2) ||
-        !std::isfinite(line.y2))
+        !std::isfinite(line.y2)) {
         return false;
+    }
     return CutLine(line, edges) && edges.Contains(line.x1, line.y1) &&
            edges.Contains(line.x2, line.y2);
 }

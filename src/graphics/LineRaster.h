@@ -73,8 +73,9 @@ void WalkLine(const TPixelTarget<Iterator>& target, int x1, int y1, int x2, int 
     const std::ptrdiff_t minorStep = y2 < y1 ? -steps.minor : steps.minor;
     auto* pixel = target.pixels + x1 * steps.major + y1 * steps.minor;
     if (dy == 0) {
-        for (int i = 0; i <= dx; ++i, pixel += steps.major)
+        for (int i = 0; i <= dx; ++i, pixel += steps.major) {
             Iterator::Store(pixel, pen);
+        }
         return;
     }
     int error = dx / 2;
@@ -92,15 +93,17 @@ void WalkLine(const TPixelTarget<Iterator>& target, int x1, int y1, int x2, int 
 template <class Iterator>
 void DrawClippedLine(const TPixelTarget<Iterator>& target, int x1, int y1, int x2, int y2) {
     if (std::abs(y2 - y1) > std::abs(x2 - x1)) {
-        if (y1 <= y2)
+        if (y1 <= y2) {
             WalkLine<Iterator, true>(target, y1, x1, y2, x2);
-        else
+        } else {
             WalkLine<Iterator, true>(target, y2, x2, y1, x1);
+        }
     } else {
-        if (x1 <= x2)
+        if (x1 <= x2) {
             WalkLine<Iterator, false>(target, x1, y1, x2, y2);
-        else
+        } else {
             WalkLine<Iterator, false>(target, x2, y2, x1, y1);
+        }
     }
 }
 
@@ -131,10 +134,11 @@ public:
         const double yLast = y2 + (last - static_cast<double>(x2)) * g;
         DrawEnd(last, yLast, static_cast<double>(end) - last);
 
-        if (std::fabs(g) < kFlatSlope)
+        if (std::fabs(g) < kFlatSlope) {
             DrawFlat(first + 1, last, y1);
-        else
+        } else {
             DrawSlope(first + 1, last, yFirst + g, g);
+        }
     }
 
 private:
@@ -147,17 +151,20 @@ private:
     /// row is -1, not 0: a line looks the same wherever the clip begins.
     static int GetRow(double y) {
         int row = static_cast<int>(y);
-        if constexpr (Guarded)
+        if constexpr (Guarded) {
             row -= y < row ? 1 : 0;
+        }
         return row;
     }
 
     void Blend(Unit* column, int row, int weight) const {
-        if (weight == 0)
+        if (weight == 0) {
             return;
+        }
         if constexpr (Guarded) {
-            if (row < low || row > high)
+            if (row < low || row > high) {
                 return;
+            }
         }
         BlendPixel<Iterator>(column + row * steps.minor, pen, weight);
     }
@@ -176,8 +183,9 @@ private:
         const int nearest = static_cast<int>(static_cast<double>(y) + 0.5);
         if (std::fabs(static_cast<double>(y) - nearest) < kOnRow) {
             Unit* pixel = pixels + first * steps.major + nearest * steps.minor;
-            for (int x = first; x < last; ++x, pixel += steps.major)
+            for (int x = first; x < last; ++x, pixel += steps.major) {
                 Iterator::Store(pixel, pen);
+            }
             return;
         }
         const int row = static_cast<int>(y);
@@ -215,10 +223,11 @@ void DrawSmoothWalk(const TPixelTarget<Iterator>& target, float x1, float y1, fl
         std::swap(x1, x2);
         std::swap(y1, y2);
     }
-    if (y1 >= low && y1 <= high && y2 >= low && y2 <= high)
+    if (y1 >= low && y1 <= high && y2 >= low && y2 <= high) {
         TSmoothWalk<Iterator, Steep, false>(target).Draw(x1, y1, x2, y2);
-    else
+    } else {
         TSmoothWalk<Iterator, Steep, true>(target).Draw(x1, y1, x2, y2);
+    }
 }
 
 /// A smooth line inside the clip.
@@ -228,10 +237,11 @@ void DrawClippedSmoothLine(const TPixelTarget<Iterator>& target, const TLine<flo
     assert(target.template GetEdges<float>().Contains(line.x2, line.y2));
     const double dx = static_cast<double>(line.x2) - line.x1;
     const double dy = static_cast<double>(line.y2) - line.y1;
-    if (std::fabs(dy) > std::fabs(dx))
+    if (std::fabs(dy) > std::fabs(dx)) {
         DrawSmoothWalk<Iterator, true>(target, line.y1, line.x1, line.y2, line.x2);
-    else
+    } else {
         DrawSmoothWalk<Iterator, false>(target, line.x1, line.y1, line.x2, line.y2);
+    }
 }
 
 /// A point spread over four pixels. The weight grows with the distance from the pixel: the heaviest
@@ -241,8 +251,9 @@ template <class Iterator>
 void PlotSmoothPoint(const TPixelTarget<Iterator>& target, float x, float y) {
     // One pixel of the four can be inside only here; this also refuses what does not fit an int.
     if (!(x > static_cast<float>(target.left - 1) && x < static_cast<float>(target.right) &&
-          y > static_cast<float>(target.top - 1) && y < static_cast<float>(target.bottom)))
+          y > static_cast<float>(target.top - 1) && y < static_cast<float>(target.bottom))) {
         return;
+    }
     const int ix = static_cast<int>(x);
     const int iy = static_cast<int>(y);
     const float fx = x - static_cast<float>(ix);

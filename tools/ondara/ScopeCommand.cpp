@@ -89,6 +89,7 @@ COutcome WriteCurves(const CScopeOptions& options, CScopeRun& run, double sample
     const Vorin::Core::C2DSize size{options.width, options.height};
     const int points = options.format == kPng ? GetPicturePoints(size) : options.points;
     std::vector<CCurve> curves;
+    curves.reserve(static_cast<std::size_t>(run.GetCurvesCount()));
     for (int i = 0; i < run.GetCurvesCount(); ++i) {
         curves.push_back(run.ReadCurve(i, points));
     }

@@ -101,7 +101,7 @@ const std::map<std::string_view, Taker>& GetTakers() {
             return COutcome();
         };
     };
-    const auto choice = [](double O::*field, std::vector<std::string_view> words) {
+    const auto choice = [](double O::*field, const std::vector<std::string_view>& words) {
         return [field, words](A& a, O& o) { return TakeIndexed(a, o.*field, words); };
     };
     const auto number = [](double O::*field, double least, double most) {

@@ -6,7 +6,6 @@
 namespace Workbench {
 
 using namespace Vorin::Graphics;
-using Vorin::Core::C2DPoint;
 using Vorin::Core::C2DRectangle;
 using Vorin::Core::C2DSize;
 
