@@ -81,7 +81,10 @@ public:
     }
 
     /// Takes over table, range and view; allocates only when the table's size differs.
-    void CopyFrom(const TCircularLUTFunction& source) { *this = source; }
+    void CopyFrom(const TCircularLUTFunction& source) {
+        function.SetCount(source.function.GetCount());
+        *this = source;
+    }
 
 private:
     static constexpr int kGuardEntries = 3;

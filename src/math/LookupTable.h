@@ -2,6 +2,7 @@
 
 #include "containers/Count.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 
@@ -24,7 +25,14 @@ public:
     /// Keeps the values that fit, zeroes new ones and sets the scale anew. A negative count is 0.
     /// Allocates.
     void SetCount(int count) override {
-        values.resize(count > 0 ? static_cast<std::size_t>(count) : 0, T(0));
+        const auto size = static_cast<std::size_t>(count > 0 ? count : 0);
+        if (size != values.size()) {
+            // Into an array of just this size: one that grows by itself takes up to twice the room,
+            // and one that shrinks keeps it.
+            std::vector<T> resized(size, T(0));
+            std::copy_n(values.begin(), std::min(size, values.size()), resized.begin());
+            values.swap(resized);
+        }
         UpdateScale();
     }
 
