@@ -1,11 +1,11 @@
-// What a channel of the oscilloscope costs: its Process beside the plain one-sample-at-a-time form of
-// the same algorithm, and an update whose trigger search goes round the circle without a find beside
-// four copies of the circle's table.
+// What a channel of the oscilloscope costs: its Process beside the plain one-sample-at-a-time form
+// of the same algorithm, and an update whose trigger search goes round the circle without a find
+// beside four copies of the circle's table.
 //
 // Ends with one line per ratio: `ratio NAME VALUE (limit LIMIT)`. Those of the blocks say how many
-// times faster than the plain form it is, so the limit is the least; that of the update says how many
-// times longer than the copies it takes, so the limit is the most. The two sides take turns, and the
-// best turn of each counts: what else the machine does falls on both.
+// times faster than the plain form it is, so the limit is the least; that of the update says how
+// many times longer than the copies it takes, so the limit is the most. The two sides take turns,
+// and the best turn of each counts: what else the machine does falls on both.
 
 #include "audio/dsp/AudioStreams.h"
 #include "filters/Oscilloscope.h"

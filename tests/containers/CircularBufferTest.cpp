@@ -20,8 +20,8 @@ TEST(CircularBufferTest, RoundsItsSizeUpToAPowerOfTwo) {
     struct {
         int asked;
         int size;
-    } const cases[] = {{0, 1},       {1, 2},       {2, 2},         {3, 4},        {4, 4},
-                       {1023, 1024}, {1024, 1024}, {1025, 2048},   {13230, 16384}, {44100, 65536},
+    } const cases[] = {{0, 1},       {1, 2},         {2, 2},         {3, 4},         {4, 4},
+                       {1023, 1024}, {1024, 1024},   {1025, 2048},   {13230, 16384}, {44100, 65536},
                        {-5, 1},      {65536, 65536}, {65537, 131072}};
     for (const auto& one : cases) {
         TCircularBuffer<float> buffer;

@@ -83,10 +83,9 @@ public:
             trace.GetCurrentIndex() != reference.trace.currentIndex ||
             trace.GetOffset() != reference.trace.offset) {
             return ::testing::AssertionFailure()
-                   << "circle: " << trace.GetCount() << " samples, head "
-                   << trace.GetCurrentIndex() << ", offset " << trace.GetOffset() << " instead of "
-                   << reference.trace.count << ", " << reference.trace.currentIndex << ", "
-                   << reference.trace.offset;
+                   << "circle: " << trace.GetCount() << " samples, head " << trace.GetCurrentIndex()
+                   << ", offset " << trace.GetOffset() << " instead of " << reference.trace.count
+                   << ", " << reference.trace.currentIndex << ", " << reference.trace.offset;
         }
         if (!HasSameTable(trace, reference.trace)) {
             return ::testing::AssertionFailure() << "tables differ";
@@ -143,9 +142,8 @@ public:
             const double z = curves.Get(1).Evaluate(2.0 * x + 1.0);
             const double expectedZ = expected.EvaluateHistogram(2.0 * x + 1.0);
             if (std::memcmp(&z, &expectedZ, sizeof z) != 0) {
-                return ::testing::AssertionFailure()
-                       << "histogram at " << 2.0 * x + 1.0 << " is " << z << " instead of "
-                       << expectedZ;
+                return ::testing::AssertionFailure() << "histogram at " << 2.0 * x + 1.0 << " is "
+                                                     << z << " instead of " << expectedZ;
             }
         }
         return ::testing::AssertionSuccess();
@@ -169,8 +167,8 @@ private:
         CAudioStreams inputs(&stream, 1);
         CAudioStreams outputs(nullptr, 0);
         const CTestRamp ramp(VariationsOf(params), VariationsOf(newParams ? *newParams : params));
-        const CProcessRecord record = MakeRecord(inputs, outputs, frames,
-                                                 newParams ? &ramp : nullptr);
+        const CProcessRecord record =
+            MakeRecord(inputs, outputs, frames, newParams ? &ramp : nullptr);
         if (silent) {
             filter.ProcessSilence(record);
         } else {
@@ -184,7 +182,8 @@ private:
         }
     }
 
-    static bool HasSameTable(const Waveform& trace, const CReferenceOscilloscope::CTrace& expected) {
+    static bool HasSameTable(const Waveform& trace,
+                             const CReferenceOscilloscope::CTrace& expected) {
         const int entries = expected.count + 3;
         return trace.GetTable().GetCount() == entries &&
                std::memcmp(trace.GetTable().GetValues(), expected.table.data(),

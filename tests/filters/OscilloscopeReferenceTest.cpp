@@ -96,15 +96,14 @@ TEST_P(OscilloscopeJourneyTest, MatchesThePlainFormThroughBlocksOfAllSizesStride
 }
 
 // 65536: the bin history is exactly full. 54613.4: so is the delay line, at the longest delay.
-INSTANTIATE_TEST_SUITE_P(
-    Rates, OscilloscopeJourneyTest,
-    ::testing::Combine(::testing::Values(1.0, 8.0, 1234.5, 8000.0, 44100.0, 48000.0, 54613.4,
-                                         65536.0, 192000.0),
-                       ::testing::ValuesIn(kAllSignals)),
-    [](const auto& test) {
-        return NameOf(std::get<1>(test.param)) + "At" +
-               std::to_string(static_cast<int>(std::get<0>(test.param)));
-    });
+INSTANTIATE_TEST_SUITE_P(Rates, OscilloscopeJourneyTest,
+                         ::testing::Combine(::testing::Values(1.0, 8.0, 1234.5, 8000.0, 44100.0,
+                                                              48000.0, 54613.4, 65536.0, 192000.0),
+                                            ::testing::ValuesIn(kAllSignals)),
+                         [](const auto& test) {
+                             return NameOf(std::get<1>(test.param)) + "At" +
+                                    std::to_string(static_cast<int>(std::get<0>(test.param)));
+                         });
 
 class OscilloscopeBlockSizeTest : public ::testing::TestWithParam<int> {};
 

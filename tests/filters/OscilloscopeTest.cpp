@@ -25,8 +25,7 @@ protected:
 
     void SetParams(double view, double sync = 0.0, double delay = 0.0, double level = 0.0,
                    double direction = 0.0) {
-        filter.SetInputParams(
-            CTestVariations{CTestValues{view, sync, delay, level, direction}});
+        filter.SetInputParams(CTestVariations{CTestValues{view, sync, delay, level, direction}});
     }
 
     void Feed(const std::vector<float>& samples, const IConstInputRamp* ramp = nullptr) {

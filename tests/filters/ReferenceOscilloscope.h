@@ -7,8 +7,8 @@
 
 namespace PluginsFilters {
 
-/// The oscilloscope's algorithm as it is told, one sample at a time and without any cleverness: what
-/// COscilloscope is compared with, bit for bit, and measured against.
+/// The oscilloscope's algorithm as it is told, one sample at a time and without any cleverness:
+/// what COscilloscope is compared with, bit for bit, and measured against.
 ///
 /// It shares no code with it. All fields are open: a comparison reads them.
 class CReferenceOscilloscope {

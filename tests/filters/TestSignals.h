@@ -24,9 +24,9 @@ enum class ESignal {
     kLevels
 };
 
-inline constexpr std::array kAllSignals{
-    ESignal::kNoise,      ESignal::kSine,    ESignal::kSilence,  ESignal::kNaN,
-    ESignal::kInfinities, ESignal::kClipped, ESignal::kDenormal, ESignal::kLevels};
+inline constexpr std::array kAllSignals{ESignal::kNoise,    ESignal::kSine,       ESignal::kSilence,
+                                        ESignal::kNaN,      ESignal::kInfinities, ESignal::kClipped,
+                                        ESignal::kDenormal, ESignal::kLevels};
 
 inline std::string NameOf(ESignal signal) {
     constexpr std::array names{"Noise",      "Sine",    "Silence",  "NaN",

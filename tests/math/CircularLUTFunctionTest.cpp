@@ -58,8 +58,7 @@ TEST(CircularLUTFunctionTest, StoresSampleIInEntryIPlus1) {
 TEST(CircularLUTFunctionTest, RepeatsTheLastSampleOfTheCircleInTheGuards) {
     EXPECT_EQ(TableOf(MakeTrace(4, {1, 2, 3, 4})), (std::vector<float>{0, 1, 2, 3, 4, 4, 4}));
     // The head has gone on, and the guards stay until it comes by again.
-    EXPECT_EQ(TableOf(MakeTrace(4, {1, 2, 3, 4, 5, 6})),
-              (std::vector<float>{0, 5, 6, 3, 4, 4, 4}));
+    EXPECT_EQ(TableOf(MakeTrace(4, {1, 2, 3, 4, 5, 6})), (std::vector<float>{0, 5, 6, 3, 4, 4, 4}));
 }
 
 TEST(CircularLUTFunctionTest, WritesNoGuardOnACircleOfOneSample) {
@@ -127,9 +126,9 @@ TEST(CircularLUTFunctionTest, CountsAPositionBeyondTheRangeAsItsEnd) {
 
 TEST(CircularLUTFunctionTest, InterpolatesByTheConstrainedSpline) {
     const Trace trace = MakeTrace(5, {0, 1, 3, 3, 2});
-    // Between 1 and 3: s = 2; the next difference is 0, so the slope at 3 is 0; the last one is 1, so
-    // g = 1 * 2 * 2/3 / 3 = 4/9 and m0 = -8/9. h = s + m0 = 10/9, r = -s + g - h = -24/9. At f = 1/2:
-    // (s - 3h - r) / 2 + 1 + (r / 2 + 3h) / 4 = 2/3 + 1 + 1/2 = 13/6.
+    // Between 1 and 3: s = 2; the next difference is 0, so the slope at 3 is 0; the last one is 1,
+    // so g = 1 * 2 * 2/3 / 3 = 4/9 and m0 = -8/9. h = s + m0 = 10/9, r = -s + g - h = -24/9. At f =
+    // 1/2: (s - 3h - r) / 2 + 1 + (r / 2 + 3h) / 4 = 2/3 + 1 + 1/2 = 13/6.
     EXPECT_NEAR(trace.Evaluate(-0.625), 13.0 / 6.0, 1e-6);
     // Between 3 and 3 nothing moves.
     EXPECT_EQ(trace.Evaluate(-0.375), 3.0);
@@ -226,8 +225,8 @@ TEST(CircularLUTFunctionTest, TakesOverTableAndView) {
 }
 
 TEST(CircularLUTFunctionTest, HasAnIdentifierForEachType) {
-    using Exact = TCircularLUTFunction<
-        TLookupTable<double, TConstrainedSplineInterpolator<double, double>>>;
+    using Exact =
+        TCircularLUTFunction<TLookupTable<double, TConstrainedSplineInterpolator<double, double>>>;
     EXPECT_STREQ(Trace().GetType(), "{AAC13163-0B6E-4a60-A1BE-257878A0B336}");
     EXPECT_STREQ(Exact().GetType(), "{F659F5AF-E3E2-455d-82B7-F07A47473B31}");
 }

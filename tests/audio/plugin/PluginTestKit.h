@@ -1,0 +1,55 @@
+#pragma once
+
+#include "audio/dsp/AudioStreams.h"
+#include "audio/plugin/AudioPluginInternals.h"
+#include "audio/plugin/BlockProcessor.h"
+#include "audio/plugin/InputValues.h"
+#include "filters/OndaraFilter.h"
+
+#include <memory>
+#include <utility>
+
+namespace Vorin::Audio::Plugin {
+
+/// The product's plug-in as a host adapter holds it.
+class CTestPlugin {
+public:
+    enum EParam {
+        kBypass,
+        kStereoMode,
+        kViewMode,
+        kSync,
+        kDelay,
+        kTriggerValue,
+        kTriggerDirection,
+        kParamsCount
+    };
+
+    CTestPlugin() : CTestPlugin(PluginsFilters::CreateOndaraFilter()) {}
+    explicit CTestPlugin(std::unique_ptr<DSP::IFilter> filter)
+        : internals({.filter = std::move(filter)}) {
+        internals.Connect(values);
+    }
+
+    [[nodiscard]] bool Configure(double rate, int blockSize) {
+        return internals.Configure({.blockSize = blockSize}, rate);
+    }
+
+    void Set(int param, double value) { values.Get(param).SetValue(value); }
+    double Get(int param) const { return values.Get(param).GetValue(); }
+
+    /// A block of two channels, with bypass as its parameter says.
+    void Process(float* left, float* right, int frames, bool silent = false) {
+        DSP::CAudioStream streams[] = {DSP::CAudioStream(left, frames),
+                                       DSP::CAudioStream(right, frames)};
+        DSP::CAudioStreams inputs(streams, 2);
+        DSP::CAudioStreams outputs(nullptr, 0);
+        processor.Process({inputs, outputs, frames, Get(kBypass) > 0.5, silent});
+    }
+
+    CAudioPluginInternals internals;
+    CInputValues values{internals.GetInputInfos()};
+    CBlockProcessor processor{internals};
+};
+
+} // namespace Vorin::Audio::Plugin
