@@ -100,7 +100,8 @@ bool CIniFile::SetValue(const char* section, const char* key, const char* value)
 bool CIniFile::AddSection(const char* section) { return SetValue(section, nullptr, nullptr); }
 
 void CIniFile::RemoveValue(const char* section, const char* key) {
-    library->ini.Delete(section, key);
+    // A named section without keys is an empty object; the one without a name would only be lines.
+    library->ini.Delete(section, key, !*section);
 }
 
 void CIniFile::RemoveSection(const char* section) {
