@@ -47,9 +47,9 @@ std::string WriteCsv(const std::vector<CCurve>& curves) {
 }
 
 std::string WriteJson(const std::vector<CCurve>& curves, double sampleRate, std::int64_t frames) {
-    std::string text = "{\"sample_rate\":";
-    AppendJsonNumber(text, sampleRate);
-    text += ",\"frames\":" + std::to_string(frames) + ",\"curves\":[";
+    // Both are whole numbers, and written so: 100000, not 1e+05.
+    std::string text = "{\"sample_rate\":" + std::to_string(std::llround(sampleRate)) +
+                       ",\"frames\":" + std::to_string(frames) + ",\"curves\":[";
     bool firstCurve = true;
     for (const CCurve& curve : curves) {
         text += firstCurve ? "{\"name\":" : ",{\"name\":";

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,11 +30,19 @@ bool WriteAll(int file, const std::string& bytes) {
     return true;
 }
 
+/// The file that a name stands for behind its links, which stay as they are.
+std::string Resolve(const std::string& path) {
+    std::error_code missing;
+    const auto real = std::filesystem::canonical(path, missing);
+    return missing ? path : real.string();
+}
+
 /// A new file beside the one to be written, under a name of its own; it is gone when this dies,
 /// unless it has taken the other's place.
 class CTemporaryFile {
 public:
-    explicit CTemporaryFile(const std::string& target) : path(target + ".XXXXXX") {
+    explicit CTemporaryFile(const std::string& target)
+        : path(std::filesystem::path(target).replace_filename(".ondara-XXXXXX").string()) {
         file = mkstemp(path.data());
         error = errno;
     }
@@ -104,7 +113,7 @@ COutcome CheckWritable(const std::string& path) {
     if (stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
         return COutcome::BadInput(path + ": is a folder, not a file to write to");
     }
-    const CTemporaryFile probe(path);
+    const CTemporaryFile probe(Resolve(path));
     return probe.GetError() ? Failure(path, "cannot be written", probe.GetError()) : COutcome();
 }
 
@@ -117,15 +126,16 @@ COutcome WriteOutput(const std::string& path, const std::string& bytes) {
     if (IsSpecial(path)) {
         return WriteSpecial(path, bytes);
     }
-    CTemporaryFile file(path);
+    const std::string target = Resolve(path);
+    CTemporaryFile file(target);
     if (file.GetError()) {
         return Failure(path, "cannot be written", file.GetError());
     }
     if (!file.Write(bytes)) {
         return Failure(path, "cannot be written", errno);
     }
-    return file.TakePlaceOf(path) ? COutcome()
-                                  : Failure(path, "cannot be written", file.GetRenameError());
+    return file.TakePlaceOf(target) ? COutcome()
+                                    : Failure(path, "cannot be written", file.GetRenameError());
 }
 
 } // namespace Workbench

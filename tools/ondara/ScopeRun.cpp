@@ -3,6 +3,7 @@
 #include "filters/OndaraFilter.h"
 
 #include <array>
+#include <cmath>
 
 namespace Workbench {
 
@@ -30,7 +31,7 @@ COutcome CScopeRun::Begin(double sampleRate) {
         .applyDefaults = false, .blockSize = options.blockFrames, .mode = 1, .configuration = -1};
     if (!internals.Configure(config, sampleRate)) {
         return COutcome::BadInput(options.input + ": has a sample rate that cannot be run, " +
-                                  std::to_string(sampleRate) + " Hz");
+                                  std::to_string(std::llround(sampleRate)) + " Hz");
     }
     return {};
 }

@@ -1,9 +1,9 @@
 #include "SoundFile.h"
 
 #include "OutputFile.h"
+#include "SoundLength.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
 #include <sndfile.h>
@@ -12,9 +12,6 @@
 namespace Workbench {
 
 namespace {
-
-/// What a writer to a pipe leaves as the size of the data, since it can't know it.
-constexpr unsigned long long kUnknownSize = 0xFFFFFF00ULL;
 
 /// A message of libsndfile as the end of one line of ours.
 std::string Told(const char* message) {
@@ -85,34 +82,46 @@ COutcome CSoundFile::Open(const std::string& filePath) {
     sampleRate = info.samplerate;
     channels = info.channels;
     frames = info.frames;
+    const int container = info.format & SF_FORMAT_TYPEMASK;
+    seeksExactly = container != SF_FORMAT_OGG && container != SF_FORMAT_MPEG;
     if (frames <= 0) {
         return COutcome::BadInput(path + ": holds no sound: 0 frames");
     }
-    return CheckWhole();
+    return S_ISREG(status.st_mode) ? CheckWhole() : COutcome();
 }
 
-/// libsndfile reads a cut file as a shorter one; that it was longer stands in its log alone.
 COutcome CSoundFile::CheckWhole() const {
-    std::array<char, 8192> log{};
-    sf_command(file.get(), SFC_GET_LOG_INFO, log.data(), static_cast<int>(log.size()));
-    const char* line = std::strstr(log.data(), "\ndata :");
-    unsigned long long announced = 0;
-    unsigned long long present = 0;
-    if (line && std::sscanf(line, " data : %llu (should be %llu)", &announced, &present) == 2 &&
-        announced > present && announced < kUnknownSize) {
+    CSoundLength length;
+    if (MeasureSound(path, length) && length.announced > length.present) {
         return COutcome::BadInput(path + ": is cut short: it announces " +
-                                  std::to_string(announced) + " bytes of sound and has " +
-                                  std::to_string(present));
+                                  std::to_string(length.announced) + " bytes of sound and has " +
+                                  std::to_string(length.present));
     }
     return {};
 }
 
 COutcome CSoundFile::Seek(std::int64_t frame) {
+    if (!seeksExactly) {
+        return SkipTo(frame);
+    }
     if (sf_seek(file.get(), frame, SEEK_SET) != frame) {
         return COutcome::BadInput(path + ": cannot be read from frame " + std::to_string(frame) +
                                   " on: " + Told(sf_strerror(file.get())));
     }
     position = frame;
+    return {};
+}
+
+COutcome CSoundFile::SkipTo(std::int64_t frame) {
+    constexpr int portion = 65536;
+    std::vector<float> unused(portion);
+    while (position < frame) {
+        const int wanted = static_cast<int>(std::min<std::int64_t>(frame - position, portion));
+        int got = 0;
+        if (COutcome outcome = Read(unused.data(), unused.data(), wanted, got); !outcome) {
+            return outcome;
+        }
+    }
     return {};
 }
 

@@ -21,6 +21,7 @@ public:
     /// As the file announces them.
     std::int64_t GetFrames() const { return frames; }
 
+    /// Goes on from a frame. Once, before the first Read.
     COutcome Seek(std::int64_t frame);
 
     /// Reads up to `count` frames into both arrays; `got` is below `count` at the end alone. A file
@@ -33,6 +34,7 @@ private:
     };
 
     COutcome CheckWhole() const;
+    COutcome SkipTo(std::int64_t frame);
 
     std::string path;
     std::unique_ptr<sf_private_tag, CClose> file;
@@ -40,6 +42,9 @@ private:
     std::int64_t frames = 0;
     std::int64_t position = 0;
     int channels = 0;
+    /// In the last page of an Ogg stream libsndfile lands a few hundred frames off; there, as in
+    /// all that is decoded from what came before, the way to a frame leads through those before it.
+    bool seeksExactly = true;
     std::vector<float> interleaved;
 };
 

@@ -1,5 +1,7 @@
 #include "Commands.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -47,17 +49,36 @@ COutcome Run(int count, char** words) {
                                 ": there is no such command; see ondara --help");
 }
 
+/// Help goes out with the last flush, which may fail.
+COutcome Flush() {
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        return COutcome::BadInput(std::string("standard output: cannot be written: ") +
+                                  std::strerror(errno));
+    }
+    return {};
+}
+
+/// A message is one line, whatever stands in the names that it quotes.
+std::string ToOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, '?');
+    return text;
+}
+
 } // namespace
 
 int main(int count, char** words) {
     COutcome outcome;
     try {
         outcome = Run(count, words);
+        if (outcome) {
+            outcome = Flush();
+        }
     } catch (const std::exception& error) {
         outcome = COutcome::BadInput(std::string("the work cannot be done: ") + error.what());
     }
     if (!outcome) {
-        std::fprintf(stderr, "ondara: %s\n", outcome.message.c_str());
+        std::fprintf(stderr, "ondara: %s\n", ToOneLine(outcome.message).c_str());
     }
     return outcome.exit;
 }
