@@ -21,13 +21,13 @@ public:
         if (this == &other) {
             return *this;
         }
-        if (other.size == 0) {
-            data.reset(); // as it was before its first size, which SetSize has no way back to
-            size = mask = 0;
-        } else {
-            TCircularBuffer::SetSize(other.size);
-            std::copy_n(other.data.get(), size, data.get());
+        // Not by SetSize, which has no way to a size of 0, nor from a size of 1 to itself.
+        if (size != other.size) {
+            data.reset(other.size > 0 ? new T[static_cast<std::size_t>(other.size)] : nullptr);
         }
+        std::copy_n(other.data.get(), other.size, data.get());
+        size = other.size;
+        mask = other.mask;
         head = other.head;
         return *this;
     }

@@ -87,6 +87,15 @@ TEST(CircularBufferTest, CopiesToAnIndependentBuffer) {
     EXPECT_EQ(Newest(copy, 3), (std::vector<int>{2, 1, 0}));
 }
 
+TEST(CircularBufferTest, CopiesABufferOfOneValue) {
+    TCircularBuffer<int> buffer;
+    buffer.SetSize(0);
+    buffer.Push(5);
+    const TCircularBuffer<int> copy(buffer);
+    EXPECT_EQ(copy.GetCount(), 1);
+    EXPECT_EQ(copy.GetBehind(0), 5);
+}
+
 TEST(CircularBufferTest, CopiesABufferThatHasNoSize) {
     const TCircularBuffer<int> empty;
     TCircularBuffer<int> copy(empty);
