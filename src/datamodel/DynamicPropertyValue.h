@@ -1,16 +1,16 @@
 #pragma once
 
 #include "runtime/DynamicObject.h"
+#include "serialization/DataStream.h"
+#include "serialization/Serializable.h"
 
 namespace Vorin::DataModel::Objects {
 
 /// A value of a type that only plug-in code knows. Immutable while it is shared; threads exchange
 /// clones.
-class IDynamicPropertyValue : public virtual Runtime::IDynamicObject {
+class IDynamicPropertyValue : public virtual Runtime::IDynamicObject,
+                              public virtual Serialization::ITypeSerializable {
 public:
-    /// The class identifier. Static text.
-    virtual const char* GetType() const = 0;
-
     /// A deep copy, owned by the caller and freed with delete.
     virtual IDynamicPropertyValue* Clone() const = 0;
 };
@@ -20,6 +20,8 @@ class CEmptyDynamicPropertyValue : public IDynamicPropertyValue {
 public:
     /// Null: there is no class to make it again from.
     const char* GetType() const override { return nullptr; }
+    bool Serialize(Serialization::IWriteDataStream&) const override { return true; }
+    bool DeSerialize(const Serialization::IReadDataStream&) override { return true; }
     IDynamicPropertyValue* Clone() const override { return new CEmptyDynamicPropertyValue; }
 };
 

@@ -3,8 +3,10 @@
 #include "math/Function.h"
 #include "math/Interpolators.h"
 #include "math/LookupTable.h"
+#include "serialization/LookupTableSerializers.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Vorin::Math {
 
@@ -28,6 +30,31 @@ public:
     const char* GetType() const override;
     double Evaluate(double x) const override { return EvaluateAt(static_cast<Value>(x)); }
     IFunction* Clone() const override { return new TCircularLUTFunction(*this); }
+
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteObject("function", Serialization::TLookupTableSerializer<L>(function)) &&
+               stream.WriteInt("offset", offset) && stream.WriteInt("currentIndex", currentIndex) &&
+               stream.WriteInt("count", count) && stream.WriteInt("limit", limit);
+    }
+
+    /// Positions outside the circle are moved to its ends, and the circle is no larger than the
+    /// table. False for a table without room for a sample, and for a range that is not finite or
+    /// too narrow or wide for a scale.
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+        TCircularLUTFunction read(*this);
+        Serialization::TLookupTableDeSerializer<L> reader(read.function);
+        const bool hasTable = stream.ReadObject("function", reader);
+        const bool hasOffset = stream.ReadInt("offset", read.offset);
+        const bool hasIndex = stream.ReadInt("currentIndex", read.currentIndex);
+        const bool hasCount = stream.ReadInt("count", read.count);
+        const bool hasLimit = stream.ReadInt("limit", read.limit);
+        const bool hasAll = hasTable && hasOffset && hasIndex && hasCount && hasLimit;
+        if ((!hasAll && !stream.IsTolerant()) || !read.MakeConsistent()) {
+            return false;
+        }
+        CopyFrom(read);
+        return true;
+    }
 
     /// How many samples the circle has, at least 1. Content is kept as far as it fits. Allocates.
     void SetCount(int samples) {
@@ -89,8 +116,34 @@ public:
 private:
     static constexpr int kGuardEntries = 3;
 
+    /// Makes what was read from elsewhere fit to be used. False when it cannot be.
+    bool MakeConsistent() {
+        const Value width = function.GetMax() - function.GetMin();
+        if (!std::isfinite(width)) {
+            return false;
+        }
+        if (function.GetCount() == 0 && count == 0) { // a circle that never had a size
+            offset = currentIndex = limit = 0;
+            return true;
+        }
+        const int room = function.GetCount() - kGuardEntries;
+        if (room < 1) {
+            return false;
+        }
+        count = std::clamp(count, 1, room);
+        function.SetCount(count + kGuardEntries);
+        function.SetScale(width != Value(0) ? static_cast<Value>(count - 1) / width : Value(0));
+        offset = std::clamp(offset, 0, count);
+        currentIndex = std::clamp(currentIndex, 0, count - 1);
+        limit = std::clamp(limit, 0, count);
+        return std::isfinite(function.GetScale());
+    }
+
     template <class Store>
     void WriteRuns(int samplesCount, Store store) {
+        if (count == 0) {
+            return;
+        }
         Value* samples = function.GetValues() + 1;
         while (samplesCount > 0) {
             const int run = std::min(samplesCount, count - currentIndex);

@@ -15,6 +15,13 @@ public:
     double Evaluate() const override { return value; }
     IConstant* Clone() const override { return new CConstant(value); }
 
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteDouble("value", value);
+    }
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+        return stream.ReadDouble("value", value) || stream.IsTolerant();
+    }
+
     double GetValue() const { return value; }
     void SetValue(double newValue) { value = newValue; }
 
@@ -33,6 +40,13 @@ public:
     double Evaluate(double) const override { return value; }
     IFunction* Clone() const override { return new CConstantFunction(value); }
 
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteDouble("value", value);
+    }
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+        return stream.ReadDouble("value", value) || stream.IsTolerant();
+    }
+
     double GetValue() const { return value; }
     void SetValue(double newValue) { value = newValue; }
 
@@ -50,6 +64,13 @@ public:
     const char* GetType() const override { return kIdentifier; }
     double Evaluate(double, double) const override { return value; }
     IBinaryFunction* Clone() const override { return new CConstantBinaryFunction(value); }
+
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteDouble("value", value);
+    }
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+        return stream.ReadDouble("value", value) || stream.IsTolerant();
+    }
 
     double GetValue() const { return value; }
     void SetValue(double newValue) { value = newValue; }

@@ -1,18 +1,21 @@
 #pragma once
 
-#include "runtime/DynamicObject.h"
+#include "serialization/DataStream.h"
+#include "serialization/Serializable.h"
 
 namespace Vorin::Math {
 
 /// A value without arguments. Constants, functions and binary functions are immutable while they
 /// are shared; threads exchange clones.
-class IConstant : public virtual Runtime::IDynamicObject {
+class IConstant : public virtual Serialization::ITypeSerializable {
 public:
+    bool Serialize(Serialization::IWriteDataStream& stream) const override = 0;
+
     ~IConstant() override = default;
 
     /// The class identifier, which the objects factory and data files know the class by. Static
     /// text.
-    virtual const char* GetType() const = 0;
+    const char* GetType() const override = 0;
 
     /// Never fails and never allocates: a division by zero or the logarithm of a negative number
     /// gives what floating point gives. [any]
@@ -20,26 +23,33 @@ public:
 
     /// A deep copy, owned by the caller and freed with delete.
     virtual IConstant* Clone() const = 0;
+
+    /// False leaves the object as it was.
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override = 0;
 };
 
 /// A curve, y = f(x). The rules of IConstant hold.
-class IFunction : public virtual Runtime::IDynamicObject {
+class IFunction : public virtual Serialization::ITypeSerializable {
 public:
+    bool Serialize(Serialization::IWriteDataStream& stream) const override = 0;
     ~IFunction() override = default;
 
-    virtual const char* GetType() const = 0;
+    const char* GetType() const override = 0;
     virtual double Evaluate(double x) const = 0;
     virtual IFunction* Clone() const = 0;
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override = 0;
 };
 
 /// A surface, z = f(x, y). The rules of IConstant hold.
-class IBinaryFunction : public virtual Runtime::IDynamicObject {
+class IBinaryFunction : public virtual Serialization::ITypeSerializable {
 public:
+    bool Serialize(Serialization::IWriteDataStream& stream) const override = 0;
     ~IBinaryFunction() override = default;
 
-    virtual const char* GetType() const = 0;
+    const char* GetType() const override = 0;
     virtual double Evaluate(double x, double y) const = 0;
     virtual IBinaryFunction* Clone() const = 0;
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override = 0;
 };
 
 /// Interface identifiers, for Runtime::CObjectsFactory. They are part of the file format.
@@ -57,3 +67,20 @@ bool RegisterFunctions();
 inline const bool kFunctionsRegistered = RegisterFunctions();
 
 } // namespace Vorin::Math
+
+namespace Vorin::Serialization {
+
+template <>
+struct TInterfaceIdentifier<Math::IFunction> {
+    static constexpr const char* kValue = Math::kFunctionInterface;
+};
+template <>
+struct TInterfaceIdentifier<Math::IBinaryFunction> {
+    static constexpr const char* kValue = Math::kBinaryFunctionInterface;
+};
+template <>
+struct TInterfaceIdentifier<Math::IConstant> {
+    static constexpr const char* kValue = Math::kConstantInterface;
+};
+
+} // namespace Vorin::Serialization

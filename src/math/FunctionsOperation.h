@@ -4,6 +4,8 @@
 #include "core/Ownership.h"
 #include "math/FunctionsLibrary.h"
 #include "math/LibraryFunction.h"
+#include "serialization/ListSerializers.h"
+#include "serialization/TypeSerializer.h"
 
 #include <cassert>
 #include <cstddef>
@@ -16,6 +18,9 @@ namespace Vorin::Math {
 ///
 /// A copy owns clones of all parts, also of the borrowed ones. One thread at a time while the list
 /// is being changed.
+///
+/// Written as an object "functions": a list with the item word "item", each with its type. A part
+/// that is there and cannot be read becomes the neutral function; a count without its items fails.
 template <class F>
 class TNFunctionsAggregate : public virtual F, public virtual Containers::ICount {
 public:
@@ -37,6 +42,14 @@ public:
         At(functions, index).Set(function, ownership);
     }
 
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteObject("functions", CWriter(*this));
+    }
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+        CReader reader(*this);
+        return stream.ReadObject("functions", reader) || stream.IsTolerant();
+    }
+
 protected:
     // A deque, since growing it at the end leaves the slots in place: moving a slot to another
     // address would be a copy, which turns a borrowed function into a clone.
@@ -45,6 +58,54 @@ protected:
     const Slots& GetSlots() const { return functions; }
 
 private:
+    class CWriter : public virtual Serialization::ISerialize {
+    public:
+        explicit CWriter(const TNFunctionsAggregate& written) : aggregate(written) {}
+
+        bool Serialize(Serialization::IWriteDataStream& stream) const override {
+            const Serialization::CItemNames names("item");
+            bool done = names.WriteCount(stream, aggregate.GetCount());
+            for (int index = 0; done && index < aggregate.GetCount(); ++index) {
+                done = stream.WriteObject(
+                    names.GetName(index).Get(),
+                    Serialization::CTypeSerializer(aggregate.GetFunction(index)));
+            }
+            return done;
+        }
+
+    private:
+        const TNFunctionsAggregate& aggregate;
+    };
+
+    class CReader : public virtual Serialization::IDeSerialize {
+    public:
+        explicit CReader(TNFunctionsAggregate& read) : aggregate(read) {}
+
+        bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+            const Serialization::CItemNames names("item");
+            int count = 0;
+            if (!names.ReadCount(stream, count)) {
+                return stream.IsTolerant();
+            }
+            if (!stream.IsTolerant() && !names.HasAll(stream, count)) {
+                return false;
+            }
+            aggregate.SetCount(count);
+            for (int index = 0; index < count; ++index) {
+                Serialization::TRuntimeDeSerializer<F> reader;
+                if (stream.ReadObject(names.GetName(index).Get(), reader)) {
+                    aggregate.SetFunction(index, reader.Release(), Core::kOwn);
+                } else if (!stream.IsTolerant()) {
+                    aggregate.SetFunction(index, GetNeutralFunction<F>(), Core::kDontOwn);
+                }
+            }
+            return true;
+        }
+
+    private:
+        TNFunctionsAggregate& aggregate;
+    };
+
     template <class S>
     static auto& At(S& slots, int index) {
         assert(index >= 0 && static_cast<std::size_t>(index) < slots.size());

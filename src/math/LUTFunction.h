@@ -3,6 +3,7 @@
 #include "math/Function.h"
 #include "math/Interpolators.h"
 #include "math/LookupTable.h"
+#include "serialization/LookupTableSerializers.h"
 
 namespace Vorin::Math {
 
@@ -52,6 +53,14 @@ public:
     }
 
     IFunction* Clone() const override { return new TLUTFunction(*this); }
+
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteObject("table", Serialization::TLookupTableSerializer<L>(table));
+    }
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+        Serialization::TLookupTableDeSerializer<L> reader(table);
+        return stream.ReadObject("table", reader) || stream.IsTolerant();
+    }
 
     L& GetTable() { return table; }
     const L& GetTable() const { return table; }

@@ -111,6 +111,9 @@ public:
     const char* GetType() const override { return kIdentifier; }
     double Evaluate(double x) const override { return F(x); }
     IFunction* Clone() const override { return new TFunction; }
+
+    bool Serialize(Serialization::IWriteDataStream&) const override { return true; }
+    bool DeSerialize(const Serialization::IReadDataStream&) override { return true; }
 };
 
 /// A library function of two arguments as an object; it has no state.
@@ -124,6 +127,26 @@ public:
     const char* GetType() const override { return kIdentifier; }
     double Evaluate(double x, double y) const override { return F(x, y); }
     IBinaryFunction* Clone() const override { return new TBinaryFunction; }
+
+    bool Serialize(Serialization::IWriteDataStream&) const override { return true; }
+    bool DeSerialize(const Serialization::IReadDataStream&) override { return true; }
 };
+
+/// What a part of a compound becomes when it cannot be read: the identity, and the sum of both
+/// arguments. Always the same object; it has no state and is not owned.
+template <class F>
+F* GetNeutralFunction();
+
+template <>
+inline IFunction* GetNeutralFunction<IFunction>() {
+    static TFunction<&FunctionsLibrary::Identity> identity;
+    return &identity;
+}
+
+template <>
+inline IBinaryFunction* GetNeutralFunction<IBinaryFunction>() {
+    static TBinaryFunction<&FunctionsLibrary::Sum> sum;
+    return &sum;
+}
 
 } // namespace Vorin::Math

@@ -3,6 +3,8 @@
 #include "serialization/DataStream.h"
 #include "serialization/Limits.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <limits>
@@ -84,7 +86,8 @@ private:
     /// A double too large for a float is no value that it could become.
     static Value Narrowed(double value) {
         constexpr double largest = std::numeric_limits<Value>::max();
-        return static_cast<Value>(value > largest ? largest : value < -largest ? -largest : value);
+        return static_cast<Value>(std::isfinite(value) ? std::clamp(value, -largest, largest)
+                                                       : value);
     }
 
     L& table;

@@ -14,6 +14,12 @@ public:
 
     const char* GetType() const override { return "number"; }
     IDynamicPropertyValue* Clone() const override { return new CNumber(number, alive); }
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteInt("number", number);
+    }
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override {
+        return stream.ReadInt("number", number);
+    }
 
     int number;
 
