@@ -1,5 +1,6 @@
 // Runs the audio path inside a function that clang's real-time sanitizer watches: whatever it calls
-// that may allocate, wait or enter the system ends the program. The argument "control" makes it do so.
+// that may allocate, wait or enter the system ends the program. The argument "control" makes it do
+// so.
 
 #include "audio/plugin/BlockProcessor.h"
 #include "audio/plugin/InputValues.h"
@@ -14,8 +15,9 @@ namespace {
 using namespace Vorin;
 using namespace Vorin::Audio;
 
-void ProcessWatched(Plugin::CBlockProcessor& processor, const Plugin::CBlockProcessor::CBlock& block,
-                    bool misbehave) noexcept [[clang::nonblocking]] {
+void ProcessWatched(Plugin::CBlockProcessor& processor,
+                    const Plugin::CBlockProcessor::CBlock& block, bool misbehave) noexcept
+    [[clang::nonblocking]] {
     processor.Process(block);
     if (misbehave) {
         delete new int[block.frames > 0 ? 64 : 32];

@@ -10,8 +10,8 @@ namespace Vorin::Audio::DSP {
 /// [audio]
 ///
 /// The mode `a` is -1 for Left-Right and 0 for Mid-Side. It may move while a block runs: order 0 is
-/// then its value at the block's first frame, and after each frame, from the highest order down, each
-/// order is added to the one below it.
+/// then its value at the block's first frame, and after each frame, from the highest order down,
+/// each order is added to the one below it.
 class CMidSideMatrix {
 public:
     static constexpr int kMaxOrder = 3;

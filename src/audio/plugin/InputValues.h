@@ -8,8 +8,8 @@
 
 namespace Vorin::Audio::Plugin {
 
-/// One input value that the program itself sets. One thread may set it, and hear of its changes, while
-/// the audio thread reads it.
+/// One input value that the program itself sets. One thread may set it, and hear of its changes,
+/// while the audio thread reads it.
 class CInputValue : public Core::TIValue<double> {
 public:
     explicit CInputValue(double initial) : value(initial) {}
