@@ -3,32 +3,31 @@
 namespace Vorin::System {
 
 using Core::CAutoLock;
-using Core::CEventProvider;
 using Core::ICommand;
 
 void CMTEventProvider::Connect(ICommand* command) {
     const CAutoLock held(lock);
-    CEventProvider::Connect(command);
+    Core::CEventProvider::Connect(command);
 }
 
 void CMTEventProvider::Connect(ICommand& command) {
     const CAutoLock held(lock);
-    CEventProvider::Connect(command);
+    Core::CEventProvider::Connect(command);
 }
 
 void CMTEventProvider::Disconnect(ICommand*& command, bool destroy) {
     const CAutoLock held(lock);
-    CEventProvider::Disconnect(command, destroy);
+    Core::CEventProvider::Disconnect(command, destroy);
 }
 
 void CMTEventProvider::Disconnect(ICommand& command) {
     const CAutoLock held(lock);
-    CEventProvider::Disconnect(command);
+    Core::CEventProvider::Disconnect(command);
 }
 
 void CMTEventProvider::Notify() {
     const CAutoLock held(lock);
-    CEventProvider::Notify();
+    Core::CEventProvider::Notify();
 }
 
 } // namespace Vorin::System

@@ -113,6 +113,7 @@ void CMessageLoop::AddTimer(int periodMilliseconds, ICommand* command) {
     if (!command) {
         return;
     }
+    const std::int64_t now = clock.GetNanoseconds();
     {
         const CAutoLock held(timersLock);
         CRecordPtr& record = timers[command];
@@ -121,7 +122,7 @@ void CMessageLoop::AddTimer(int periodMilliseconds, ICommand* command) {
         }
         RemoveFromDue(record);
         record->periodTicks = std::max(periodMilliseconds, 1) * nanosecondsPerMillisecond;
-        record->startTime = clock.GetNanoseconds();
+        record->startTime = now;
     }
     wakeUp.Signal();
 }
@@ -223,12 +224,19 @@ bool CMessageLoop::RunDueTimer() {
     if (!record) {
         return false;
     }
+    const std::int64_t now = clock.GetNanoseconds();
     const CAutoLock executing(record->lock);
-    // Removed after it was taken: the command may be gone.
+    // When it was removed after it was taken, the command may be gone.
     if (!record->removed) {
+        RestartStopwatch(*record, now);
         record->command->Execute();
     }
     return true;
+}
+
+void CMessageLoop::RestartStopwatch(CTimerRecord& record, std::int64_t now) {
+    const CAutoLock held(timersLock);
+    record.startTime = now;
 }
 
 CMessageLoop::CRecordPtr CMessageLoop::TakeDueTimer() {
@@ -239,18 +247,28 @@ CMessageLoop::CRecordPtr CMessageLoop::TakeDueTimer() {
     CRecordPtr record = std::move(dueTimers.front());
     dueTimers.pop_front();
     record->due = false;
-    record->startTime = clock.GetNanoseconds();
     return record;
 }
 
 // Timers never run in here: they are listed, and run in turn with messages.
 void CMessageLoop::CollectDueTimers() {
-    waitNanoseconds = -1;
+    const std::int64_t now = clock.GetNanoseconds();
+    const std::int64_t remaining = ListDueTimers(now);
+    if (remaining > 0 && clock.GetMovedEvents()) {
+        waitNanoseconds = -1; // the clock wakes us
+    } else if (remaining > 0) {
+        waitNanoseconds = std::max(remaining - (clock.GetNanoseconds() - now), std::int64_t{0});
+    } else {
+        waitNanoseconds = remaining;
+    }
+}
+
+// The time until the next timer is due: 0 when one is, -1 when there are none.
+std::int64_t CMessageLoop::ListDueTimers(std::int64_t now) {
     const CAutoLock held(timersLock);
     if (timers.empty()) {
-        return;
+        return -1;
     }
-    const std::int64_t now = clock.GetNanoseconds();
     std::int64_t shortest = std::numeric_limits<std::int64_t>::max();
     for (const auto& [command, record] : timers) {
         if (record->due) {
@@ -264,11 +282,7 @@ void CMessageLoop::CollectDueTimers() {
         }
         shortest = std::min(shortest, remaining);
     }
-    if (!dueTimers.empty()) {
-        waitNanoseconds = 0;
-    } else if (!clock.GetMovedEvents()) {
-        waitNanoseconds = std::max(shortest - (clock.GetNanoseconds() - now), std::int64_t{0});
-    }
+    return dueTimers.empty() ? shortest : 0;
 }
 
 CMessageLoopThread::CMessageLoopThread(IClock& loopClock) : CMessageLoop(loopClock) { Start(); }

@@ -35,7 +35,7 @@ namespace Vorin::System {
 /// Locks: a timer's command runs under the lock of its record, so `RemoveTimer` on another thread
 /// returns when a running execution has ended: the caller must not hold a lock that this command
 /// may want, and two loops must not remove timers from each other. The messages' lock and the
-/// timers' lock are innermost: nothing is called under them.
+/// timers' lock are innermost: no command runs and no clock is read under them.
 class CMessageLoop : public virtual IThreadInvoker, public virtual ITimerProvider {
 public:
     /// The clock is not owned, and must outlive the loop.
@@ -106,7 +106,9 @@ private:
     bool RunDueTimer();
     std::unique_ptr<CMessage> TakeMessage();
     CRecordPtr TakeDueTimer();
+    void RestartStopwatch(CTimerRecord& record, std::int64_t now);
     void CollectDueTimers();
+    std::int64_t ListDueTimers(std::int64_t now);
     void RemoveFromDue(const CRecordPtr& record);
 
     IClock& clock;

@@ -41,14 +41,22 @@ TEST(EventThreadTest, WaitReturnsTrueAlsoWhenTheTimeRanOut) {
 
 TEST(EventThreadTest, SetWakesEveryWaiter) {
     CEvent event(false);
+    std::atomic<int> arrived{0};
     std::atomic<int> through{0};
     std::vector<std::thread> waiters;
     for (int i = 0; i < 3; ++i) {
         waiters.emplace_back([&] {
+            ++arrived;
             EXPECT_TRUE(event.Wait(-1));
             EXPECT_TRUE(event.IsSet());
             ++through;
         });
+    }
+    while (arrived < 3) {
+        std::this_thread::yield();
+    }
+    for (int i = 0; i < 100; ++i) {
+        std::this_thread::yield(); // they are most likely asleep by now
     }
     event.Set();
     for (std::thread& waiter : waiters) {

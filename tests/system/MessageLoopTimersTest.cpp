@@ -59,6 +59,21 @@ TEST_F(MessageLoopTimersThreadTest, ALateTimerRunsOnceAndCountsFromThen) {
     EXPECT_EQ(LogOf(1), "a");
 }
 
+TEST_F(MessageLoopTimersThreadTest, APeriodCountsFromTheExecutionNotFromWhenItWasDue) {
+    ASSERT_TRUE(loop.Start());
+    a.function = b.function = [this] {
+        if (log.empty() && clock.GetNanoseconds() == 10 * nanosecondsPerMillisecond) {
+            clock.Advance(5); // so the other of the two runs at 15
+        }
+        log += 'x';
+    };
+    loop.AddTimer(10, &a);
+    loop.AddTimer(10, &b);
+    EXPECT_EQ(LogOf(10), "xx");
+    EXPECT_EQ(LogOf(5), "x"); // at 20
+    EXPECT_EQ(LogOf(5), "x"); // at 25
+}
+
 TEST_F(MessageLoopTimersThreadTest, AddingACommandAgainChangesItsPeriodAndStartsItAnew) {
     ASSERT_TRUE(loop.Start());
     loop.AddTimer(10, &a);
@@ -159,6 +174,21 @@ TEST_F(MessageLoopTimersThreadTest, ATimerThatIsDueDoesNotRunOnceAnotherRemovedI
     loop.AddTimer(10, &a);
     loop.AddTimer(10, &b);
     EXPECT_EQ(LogOf(10), "x") << "both were due; the first to run removed the other";
+}
+
+TEST_F(MessageLoopTimersThreadTest, ATimerThatIsDueDoesNotRunOnceAnotherChangedItsPeriod) {
+    ASSERT_TRUE(loop.Start());
+    a.function = [this] {
+        log += 'x';
+        loop.AddTimer(100, &b);
+    };
+    b.function = [this] {
+        log += 'x';
+        loop.AddTimer(100, &a);
+    };
+    loop.AddTimer(10, &a);
+    loop.AddTimer(10, &b);
+    EXPECT_EQ(LogOf(10), "x");
 }
 
 TEST_F(MessageLoopTimersThreadTest, RemoveOnAnotherThreadWaitsForARunningExecution) {
@@ -295,17 +325,18 @@ TEST_F(MessageLoopTimersThreadTest, ARemovedCommandNeverRunsWhateverTheOtherThre
     std::atomic<bool> end{false};
     std::thread mover([&] {
         while (!end) {
-            clock.Advance(1);
-            std::this_thread::yield();
+            clock.Advance(2);
         }
     });
     const auto work = [&] {
-        for (int i = 0; i < 100; ++i) {
+        for (int i = 0; i < 500; ++i) {
             bool alive = true; // plain: the removal orders it
             CFunctionCommand command([&] { EXPECT_TRUE(alive); });
             loop.AddTimer(1, &command);
-            loop.AddTimer(2, &command);
-            if (i % 8 == 0) {
+            if (i % 3 == 0) {
+                loop.AddTimer(2, &command);
+            }
+            if (i % 50 == 0) {
                 Settle(loop);
             }
             loop.RemoveTimer(&command, false);
@@ -318,6 +349,42 @@ TEST_F(MessageLoopTimersThreadTest, ARemovedCommandNeverRunsWhateverTheOtherThre
     two.join();
     end = true;
     mover.join();
+}
+
+/// Holds the loop's thread at its second look at the clock after a jump: the first finds the timer
+/// due, the second comes before its execution.
+class CHoldingClock : public CManualClock {
+public:
+    std::int64_t GetNanoseconds() const override {
+        if (loop && loop->IsCurrent() && CManualClock::GetNanoseconds() > 0 && ++looks == 2) {
+            reached.Set();
+            goOn.Wait(-1);
+        }
+        return CManualClock::GetNanoseconds();
+    }
+
+    const CMessageLoop* loop = nullptr;
+    mutable int looks = 0; // the loop's thread
+    mutable CEvent reached{false};
+    mutable CEvent goOn{false};
+};
+
+TEST(MessageLoopClockThreadTest, ATimerRemovedJustBeforeItsExecutionDoesNotRun) {
+    CHoldingClock clock;
+    CMessageLoop loop(clock);
+    clock.loop = &loop;
+    ASSERT_TRUE(loop.Start());
+    int runs = 0;
+    int deaths = 0;
+    auto* command = new CFunctionCommand([&] { ++runs; }, &deaths);
+    loop.AddTimer(10, command);
+    clock.Advance(10);
+    clock.reached.Wait(-1);
+    loop.RemoveTimer(command, true);
+    EXPECT_EQ(deaths, 1);
+    clock.goOn.Set();
+    loop.Stop();
+    EXPECT_EQ(runs, 0);
 }
 
 TEST(MessageLoopClockThreadTest, RunsTimersByTheMonotonicClockUnlessGivenAnother) {

@@ -67,7 +67,10 @@ TEST_F(ThreadedTimerThreadTest, NothingTicksOnceItIsSwitchedOff) {
     PumpUntilRuns(1);
     timer.SetEnabled(false);
     clock.Advance(100);
-    mainLoop.Pump();
+    for (int i = 0; i < 100; ++i) {
+        std::this_thread::yield(); // a thread that still ran would have posted by now
+        mainLoop.Pump();
+    }
     EXPECT_EQ(runs, 1);
     timer.SetEnabled(true);
     PumpUntilRuns(2);
