@@ -2,6 +2,7 @@
 
 option(ONDARA_TESTS "Build the tests" ON)
 option(ONDARA_BENCH "Build the benchmarks" ON)
+option(ONDARA_FUZZ "Build the fuzz targets, with clang" OFF)
 option(ONDARA_WERROR "Treat warnings as errors" OFF)
 set(ONDARA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
 
@@ -27,6 +28,12 @@ add_compile_options(-ffp-contract=off)
 
 if(ONDARA_WERROR)
   add_compile_options(-Werror)
+endif()
+
+# The fuzzer sees the branches of all code that is built so; its main is linked to the targets alone.
+if(ONDARA_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
 endif()
 
 if(ONDARA_SANITIZE)

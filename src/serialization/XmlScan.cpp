@@ -3,7 +3,9 @@
 #include "serialization/XmlText.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
+#include <system_error>
 
 namespace Vorin::Serialization {
 
@@ -84,24 +86,46 @@ private:
         return at != begin;
     }
 
-    /// In bytes after the references in it are resolved.
-    static bool IsWithinTextLimit(std::string_view text) {
-        constexpr std::size_t limit = kMaximumTextBytes;
-        if (text.size() <= limit) {
-            return true;
+    /// The bytes in UTF-8 that a reference stands for, 0 for none that a document may hold.
+    static std::size_t SizeOfReference(std::string_view name) {
+        if (name.substr(0, 1) != "#") {
+            const bool isKnown =
+                name == "amp" || name == "lt" || name == "gt" || name == "quot" || name == "apos";
+            return isKnown ? 1 : 0;
         }
+        const bool isHex = name.substr(0, 2) == "#x";
+        name.remove_prefix(isHex ? 2 : 1);
+        std::uint32_t codePoint = 0;
+        const char* end = name.data() + name.size();
+        const auto result = std::from_chars(name.data(), end, codePoint, isHex ? 16 : 10);
+        if (result.ec != std::errc() || result.ptr != end || !IsXmlCharacter(codePoint)) {
+            return 0;
+        }
+        return codePoint < 0x80 ? 1 : codePoint < 0x800 ? 2 : codePoint < 0x10000 ? 3 : 4;
+    }
+
+    /// Whether all references in it are such that it holds, and it is not too long with them
+    /// resolved.
+    static bool IsText(std::string_view text) {
+        constexpr std::size_t longestReference = 16;
         std::size_t size = 0;
-        for (std::size_t i = 0; i < text.size() && size <= limit; ++size) {
-            const std::size_t length = text[i] == '&' ? text.substr(i, 11).find(';') : 0;
-            if (length == std::string_view::npos || length == 0) {
-                ++i;
-                continue;
+        for (;;) {
+            const std::size_t plain = std::min(text.find('&'), text.size());
+            size += plain;
+            text.remove_prefix(plain);
+            if (text.empty() || size > std::size_t{kMaximumTextBytes}) {
+                break;
             }
-            // More than one byte comes of numbers of at least three digits alone.
-            size += length > 4 && text[i + 1] == '#' ? 3 : 0;
-            i += length + 1;
+            const std::size_t end = text.substr(0, longestReference).find(';');
+            const std::size_t resolved =
+                end == std::string_view::npos ? 0 : SizeOfReference(text.substr(1, end - 1));
+            if (resolved == 0) {
+                return false;
+            }
+            size += resolved;
+            text.remove_prefix(end + 1);
         }
-        return size <= limit;
+        return size <= std::size_t{kMaximumTextBytes};
     }
 
     bool ScanContent() {
@@ -111,7 +135,7 @@ private:
         if (depth == 0) {
             return content.find_first_not_of(" \t\n\r") == std::string_view::npos;
         }
-        return IsWithinTextLimit(content);
+        return IsText(content);
     }
 
     bool ScanMarkup() {
@@ -178,7 +202,7 @@ private:
         }
         const std::string_view value = left.substr(0, size);
         left.remove_prefix(size + 1);
-        return value.find('<') == std::string_view::npos && IsWithinTextLimit(value);
+        return value.find('<') == std::string_view::npos && IsText(value);
     }
 
     std::string_view left;

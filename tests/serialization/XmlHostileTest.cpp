@@ -173,6 +173,16 @@ TEST(XmlHostileTest, WrongEncodingsAreRefused) {
     EXPECT_FALSE(IsTaken("<Root a='\x01'/>"));
 }
 
+TEST(XmlHostileTest, ReferencesToWhatNoDocumentHoldsAreRefused) {
+    EXPECT_TRUE(IsTaken("<Root a='&amp;&lt;&gt;&quot;&apos;'>&#9;&#x10FFFF;&#xe4;</Root>"));
+    for (const char* text : {"&#0;", "&#20;", "&#x14;", "&#xD800;", "&#xFFFE;", "&#x110000;",
+                             "&#99999999999999999999;", "&;", "&", "&#;", "&#x;", "&#-9;", "&nbsp;",
+                             "&amp", "&#x9", "& "}) {
+        EXPECT_FALSE(IsTaken(std::string("<Root>") + text + "</Root>")) << text;
+        EXPECT_FALSE(IsTaken(std::string("<Root a='") + text + "'/>")) << text;
+    }
+}
+
 TEST(XmlHostileTest, WhatIsNoDocumentIsRefused) {
     for (const char* text : {"",
                              " ",
