@@ -132,6 +132,18 @@ TEST_F(SoundFile, ThatIsCutByOneFrameIsRefused) {
     ExpectCutRefused("in.wav", wav, kWavHeader + 2999 * 4 + 1);
 }
 
+TEST_F(SoundFile, ThatIsCutBetweenTwoOfItsFramesIsRefused) {
+    // Each FLAC frame begins with these bytes, and is whole before the next.
+    const std::string flac = Encode(MakeSound(8000, 2, 20000), "in.flac", kFlac16);
+    std::size_t place = flac.find("\xFF\xF8");
+    int cuts = 0;
+    while ((place = flac.find("\xFF\xF8", place + 1)) != std::string::npos) {
+        ExpectCutRefused("in.flac", flac, place);
+        ++cuts;
+    }
+    EXPECT_GE(cuts, 4);
+}
+
 TEST_F(SoundFile, ThatIsCutSaysHowMuchIsThere) {
     const std::string wav = Encode(MakeSound(8000, 2, 3000), "in.wav", kWav16);
     folder.Write("in.wav", wav.substr(0, kWavHeader + 4000));
@@ -141,8 +153,14 @@ TEST_F(SoundFile, ThatIsCutSaysHowMuchIsThere) {
 }
 
 TEST_F(SoundFile, ThatIsCutIsRefusedInEachFormatThatTellsItsLength) {
-    for (const int container : {SF_FORMAT_AIFF, SF_FORMAT_AU, SF_FORMAT_W64, SF_FORMAT_RF64,
-                                SF_FORMAT_CAF, SF_FORMAT_WAVEX}) {
+    const int containers[] = {SF_FORMAT_AIFF,
+                              SF_FORMAT_AU,
+                              SF_FORMAT_W64,
+                              SF_FORMAT_RF64,
+                              SF_FORMAT_CAF,
+                              SF_FORMAT_WAVEX,
+                              SF_FORMAT_WAV | SF_ENDIAN_BIG};
+    for (const int container : containers) {
         SCOPED_TRACE(container);
         const std::string bytes =
             Encode(MakeSound(8000, 2, 3000), "in", container | SF_FORMAT_PCM_16);
