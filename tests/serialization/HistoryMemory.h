@@ -47,10 +47,16 @@ inline void FreeCounted(void* block) {
 
 } // namespace Vorin::Serialization
 
-// The forms for arrays too: of themselves they call the others, but not under the address
-// sanitizer.
+// The forms for arrays and those that do not throw too: of themselves they call the others, but not
+// under the address sanitizer.
 void* operator new(std::size_t size) { return Vorin::Serialization::AllocateCounted(size); }
 void* operator new[](std::size_t size) { return Vorin::Serialization::AllocateCounted(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return Vorin::Serialization::AllocateCounted(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return Vorin::Serialization::AllocateCounted(size);
+}
 void operator delete(void* block) noexcept { Vorin::Serialization::FreeCounted(block); }
 void operator delete[](void* block) noexcept { Vorin::Serialization::FreeCounted(block); }
 void operator delete(void* block, std::size_t) noexcept {

@@ -104,8 +104,10 @@ TEST(NumberTextTest, OverflowGivesTheOutermostFiniteValue) {
     constexpr double largest = std::numeric_limits<double>::max();
     EXPECT_EQ(NumberText::ReadDouble("1e999"), largest);
     EXPECT_EQ(NumberText::ReadDouble("-1e999999999999999999999"), -largest);
-    EXPECT_EQ(NumberText::ReadDouble(std::string(400, '9').c_str()), largest);
-    EXPECT_EQ(NumberText::ReadDouble(("0." + std::string(400, '0') + "1e800").c_str()), largest);
+    std::string digits(400, '9');
+    EXPECT_EQ(NumberText::ReadDouble(digits.c_str()), largest);
+    digits.assign(400, '0').replace(0, 2, "0.").append("1e800");
+    EXPECT_EQ(NumberText::ReadDouble(digits.c_str()), largest);
     EXPECT_EQ(NumberText::ReadFloat("1e39"), std::numeric_limits<float>::max());
     EXPECT_EQ(NumberText::ReadFloat("-1e300"), std::numeric_limits<float>::lowest());
     EXPECT_EQ(NumberText::ReadInt("2147483648"), 2147483647);
@@ -116,7 +118,8 @@ TEST(NumberTextTest, OverflowGivesTheOutermostFiniteValue) {
 TEST(NumberTextTest, UnderflowGivesZero) {
     EXPECT_EQ(NumberText::ReadDouble("1e-999"), 0.0);
     EXPECT_TRUE(std::signbit(NumberText::ReadDouble("-1e-99999999999999999999")));
-    EXPECT_EQ(NumberText::ReadDouble((std::string(400, '9') + "e-1000").c_str()), 0.0);
+    std::string digits(400, '9');
+    EXPECT_EQ(NumberText::ReadDouble(digits.append("e-1000").c_str()), 0.0);
     EXPECT_EQ(NumberText::ReadFloat("1e-60"), 0.0f);
 }
 
