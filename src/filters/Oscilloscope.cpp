@@ -148,10 +148,10 @@ void COscilloscope::ProcessRun(const float* samples, int count) {
     audio.delayLine.PushDelayed(samples, count, delay, delayed.data());
     audio.waveform.Write(delayed.data(), count);
     audio.histogram.FindBins(delayed.data(), count, bins.data());
-    // A sample leaves the histogram when binWindow more have followed it. At a rate that is a power
-    // of two the history has no room for more than the window, and the masked distance comes out as
-    // 1: the histogram then holds the newest sample alone. This is deliberate: the masked read is
-    // what the bins are compared by.
+    // A sample stays in the histogram until binWindow + 1 more have followed it. At a rate that is
+    // a power of two the history has no room for that many, and the masked distance comes out as 1:
+    // the histogram then holds the newest sample alone. This is deliberate: the masked read is what
+    // the bins are compared by.
     const int window = audio.binWindow & (audio.binHistory.GetCount() - 1);
     audio.binHistory.PushDelayed(bins.data(), count, window + 1, leaving.data());
     audio.histogram.Count(bins.data(), leaving.data(), count);

@@ -102,7 +102,7 @@ private:
         HistogramBins histogram{kBins, -1.0F, 1.0F};
         Vorin::Math::CConstantFunction histogramGain; // so that the tallest bin reads 1
         Vorin::Core::TCircularBuffer<int> binHistory; // the bin of each recent sample, -1 for none
-        int binWindow = 0;                            // how many samples the histogram covers
+        int binWindow = 0; // the histogram covers this many samples and one more
         Vorin::Core::TCircularBuffer<float> delayLine;
         EViewMode viewMode = kFlow;
         bool sync = false;

@@ -4,6 +4,7 @@
 #include "audio/dsp/MidSideMatrix.h"
 #include "audio/dsp/Mux.h"
 #include "audio/dsp/OutputInfos.h"
+#include "audio/dsp/StreamOperations.h"
 #include "datamodel/EnumToText.h"
 
 #include <array>
@@ -56,7 +57,9 @@ public:
         for (CDynamicAudioStream& stream : scratch) {
             stream.SetFramesCount(record.frames);
         }
-        if (inputs > 1) {
+        if (inputs > 1 && !HasData(*record.inputs)) {
+            StreamOperations::Clear(formed, record.frames);
+        } else if (inputs > 1) {
             matrix.Apply(record.inputs->Get(0), record.inputs->Get(1), scratch[0], scratch[1],
                          record.frames);
         }
@@ -136,6 +139,11 @@ private:
 
     static bool HasChannels(const IAudioStreams* streams, int count) {
         return count == 0 || (streams && streams->GetCount() >= count);
+    }
+
+    /// An input without samples is silence on both channels: there is no pair to form.
+    static bool HasData(const IAudioStreams& inputs) {
+        return inputs.Get(0).GetConstData() && inputs.Get(1).GetConstData();
     }
 
     int FirstInnerParam() const { return fixedMode ? 0 : 1; }

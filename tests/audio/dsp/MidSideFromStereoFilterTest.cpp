@@ -179,6 +179,16 @@ TEST_F(MidSideFromStereoFilterTest, DoesNothingWhenAChannelIsMissing) {
     EXPECT_EQ(two.Samples(0), Samples(4, 1.0F));
 }
 
+TEST_F(MidSideFromStereoFilterTest, TakesInputsWithoutSamplesAsSilence) {
+    Process({1.0F, 2.0F}, {3.0F, 4.0F});
+    CAudioStream absent[2];
+    CAudioStreams inputs(absent, 2);
+    CTestChannels outputs(2, 2);
+    filter->Process(MakeRecord(inputs, outputs, 2));
+    EXPECT_EQ(outputs.Samples(0), Samples({0.0F, 0.0F}));
+    EXPECT_EQ(outputs.Samples(1), Samples({0.0F, 0.0F}));
+}
+
 TEST_F(MidSideFromStereoFilterTest, TakesMoreChannelsThanItNeeds) {
     CTestChannels three(3, 2, 1.0F);
     CTestChannels outputs(3, 2, 9.0F);
