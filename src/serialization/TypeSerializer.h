@@ -68,7 +68,7 @@ public:
         if (!narrowed || !stream.ReadObject(ContentKey(tester.GetType()).Get(), *narrowed)) {
             return false;
         }
-        made.release();
+        static_cast<void>(made.release()); // the same object, held by its other type
         object.reset(narrowed);
         return true;
     }
