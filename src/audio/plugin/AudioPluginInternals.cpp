@@ -3,7 +3,8 @@
 #include "datamodel/EnumToText.h"
 
 #include <algorithm>
-#include <cstring>
+#include <functional>
+#include <string_view>
 
 namespace Vorin::Audio::Plugin {
 
@@ -38,9 +39,8 @@ void PublishGroup(const Containers::IConstVector<T>& values, IChanges& changes,
     }
 }
 
-bool IsSameText(const char* a, const char* b) {
-    return a == b || (a && b && std::strcmp(a, b) == 0);
-}
+/// What stands for a text when the text itself may be gone.
+std::size_t MarkOf(const char* text) { return text ? std::hash<std::string_view>()(text) : 0; }
 
 } // namespace
 
@@ -60,6 +60,7 @@ CAudioPluginInternals::CAudioPluginInternals(CConfig config)
                             0.0, 1.0, 0.0));
     ramp.Init(*filter);
     CreateOutputs(mtOutputStrings, filter->GetOutputStringInfos().GetCount());
+    textMarks.resize(mtOutputStrings.size());
     CreateOutputs(mtOutputCurves, filter->GetOutputCurveInfos().GetCount());
     CreateOutputs(mtOutputSurfaces, filter->GetOutputSurfaceInfos().GetCount());
     CreateOutputs(mtOutputProperties, filter->GetOutputPropertyInfos().GetCount());
@@ -161,13 +162,19 @@ void CAudioPluginInternals::Publish() {
     IChanges& stringChanges = filter->GetOutputStringChanges();
     for (std::size_t i = 0; i < mtOutputStrings.size(); ++i) {
         const int index = static_cast<int>(i);
-        const char* text = filter->GetOutputStrings().GetValue(index);
-        if (stringChanges.Get(index).IsDirty()) {
-            stringChanges.Get(index).ClearDirty();
-            if (!IsSameText(mtOutputStrings[i]->GetValue(), text)) {
-                mtOutputStrings[i]->SetValue(text);
-            }
+        if (!stringChanges.Get(index).IsDirty()) {
+            continue;
         }
+        stringChanges.Get(index).ClearDirty();
+        const char* text = filter->GetOutputStrings().GetValue(index);
+        const char* last = mtOutputStrings[i]->GetValue();
+        // The last text may have died when the filter took the new one: it is known by its mark.
+        if (MarkOf(text) != textMarks[i] || !text != !last) {
+            mtOutputStrings[i]->SetValue(text);
+        } else {
+            mtOutputStrings[i]->Replace(text);
+        }
+        textMarks[i] = MarkOf(text);
     }
     PublishGroup(filter->GetOutputCurves(), filter->GetOutputCurveChanges(), mtOutputCurves);
     PublishGroup(filter->GetOutputSurfaces(), filter->GetOutputSurfaceChanges(), mtOutputSurfaces);

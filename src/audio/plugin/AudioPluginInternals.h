@@ -126,6 +126,7 @@ private:
     // Guarded by outputsLock.
     System::CCriticalSection outputsLock;
     Outputs<char> mtOutputStrings;
+    std::vector<std::size_t> textMarks; // of the last published texts
     Outputs<Math::IFunction> mtOutputCurves;
     Outputs<Math::IBinaryFunction> mtOutputSurfaces;
     Outputs<DataModel::Objects::IDynamicPropertyValue> mtOutputProperties;

@@ -24,6 +24,9 @@ public:
         marked = true;
     }
 
+    /// Under the outputs lock: takes an equal value from another place, which is no change.
+    void Replace(const T* equalValue) { value = equalValue; }
+
     /// [any]
     void Connect(Core::ICommand& command) {
         Core::CAutoLock guard(lock);
