@@ -1,5 +1,5 @@
-#include "system/ManualClock.h"
 #include "system/StopWatch.h"
+#include "system/ManualClock.h"
 
 #include <gtest/gtest.h>
 
