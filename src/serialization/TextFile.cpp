@@ -1,6 +1,7 @@
 #include "serialization/TextFile.h"
 
 #include "serialization/Limits.h"
+#include "system/FileReplacement.h"
 
 #include <cstdio>
 #include <filesystem>
@@ -45,13 +46,7 @@ bool ReadTextFile(const char* path, std::string& content) {
 }
 
 bool WriteTextFile(const char* path, const std::string& content) {
-    CFile file(path ? std::fopen(path, "w") : nullptr);
-    if (!file) {
-        return false;
-    }
-    const bool isWritten =
-        std::fwrite(content.data(), 1, content.size(), file.get()) == content.size();
-    return std::fclose(file.release()) == 0 && isWritten;
+    return System::FileReplacement::Write(path, content.data(), content.size()) == 0;
 }
 
 } // namespace Vorin::Serialization

@@ -8,7 +8,7 @@ namespace Vorin::Serialization {
 /// for anything else: a pipe or a device would not end.
 bool ReadTextFile(const char* path, std::string& content);
 
-/// Replaces the file by `content`, opened with the mode "w".
+/// Replaces the file by `content`, as a whole or not at all, as FileReplacement does.
 bool WriteTextFile(const char* path, const std::string& content);
 
 } // namespace Vorin::Serialization

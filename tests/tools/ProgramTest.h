@@ -3,7 +3,7 @@
 #include "Curves.h"
 #include "Program.h"
 #include "Sounds.h"
-#include "TemporaryFolder.h"
+#include "files/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +13,7 @@
 
 namespace WorkbenchTests {
 
+using TestFiles::CTemporaryFolder;
 using Words = std::vector<std::string>;
 
 inline Words operator+(Words words, const Words& more) {

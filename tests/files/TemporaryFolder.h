@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace WorkbenchTests {
+namespace TestFiles {
 
 /// A folder of a test's own that is gone, with all that is in it, once the test is.
 class CTemporaryFolder {
@@ -28,6 +28,8 @@ public:
         std::error_code ignored;
         std::filesystem::remove_all(path, ignored);
     }
+
+    const std::string& GetPath() const { return path.native(); }
 
     std::string Path(const std::string& name) const { return (path / name).string(); }
 
@@ -63,4 +65,4 @@ private:
     std::filesystem::path path;
 };
 
-} // namespace WorkbenchTests
+} // namespace TestFiles
