@@ -4,6 +4,7 @@
 #include "datamodel/objects/CaptureObject.h"
 #include "datamodel/objects/CaptureState.h"
 #include "datamodel/objects/ParamRange.h"
+#include "system/MTEventProvider.h"
 
 namespace Vorin::DataModel::Objects {
 

@@ -2,7 +2,6 @@
 
 #include "core/Capture.h"
 #include "core/Value.h"
-#include "system/MTEventProvider.h"
 
 #include <atomic>
 #include <type_traits>
@@ -10,16 +9,17 @@
 
 namespace Vorin::DataModel::Objects {
 
-/// A plain field of an object with event providers of type `P`: atomic when threads share it.
+/// A plain field of an object with event providers of type `P`: atomic when that is one for several
+/// threads.
 template <class V, class P>
-using TStateField =
-    std::conditional_t<std::is_same_v<P, System::CMTEventProvider>, std::atomic<V>, V>;
+using TStateField = std::conditional_t<std::is_same_v<P, Core::CEventProvider>, V, std::atomic<V>>;
 
 /// The part that all capture objects have in common: three events, and whether somebody holds the
 /// object.
 ///
-/// With `CEventProvider` one thread. With `CMTEventProvider` [any]: listeners run under the lock of
-/// the event, on the thread that caused it. Not copyable: listeners know its address.
+/// With `P` = `CEventProvider` one thread; with a provider for several threads [any]: listeners run
+/// under the lock of the event, on the thread that caused it. Not copyable: listeners know its
+/// address.
 template <class P = Core::CEventProvider>
 class TCaptureState : public virtual Core::IValueChangedEventProvider,
                       public virtual Core::IConstCapture {
