@@ -1,6 +1,7 @@
 #pragma once
 
 #include "math/Function.h"
+#include "math/LibraryFunction.h"
 
 namespace Vorin::Math {
 
@@ -28,6 +29,25 @@ public:
 private:
     double value;
 };
+
+/// The neutral constant: 0, which nobody can set, since all share it. It is written as a CConstant.
+class CNeutralConstant final : public virtual IConstant {
+public:
+    const char* GetType() const override { return CConstant::kIdentifier; }
+    double Evaluate() const override { return 0.0; }
+    IConstant* Clone() const override { return new CConstant(0.0); }
+
+    bool Serialize(Serialization::IWriteDataStream& stream) const override {
+        return stream.WriteDouble("value", 0.0);
+    }
+    bool DeSerialize(const Serialization::IReadDataStream&) override { return true; }
+};
+
+template <>
+inline IConstant* GetNeutralFunction<IConstant>() {
+    static CNeutralConstant zero;
+    return &zero;
+}
 
 /// f(x) = value. A new one is 0.
 class CConstantFunction : public virtual IFunction {

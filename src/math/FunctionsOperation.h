@@ -57,6 +57,11 @@ protected:
 
     const Slots& GetSlots() const { return functions; }
 
+    /// What a slot holds, without the virtual call: a slot is just this class.
+    static const F* PartOf(const Core::TOwnershipWithClone<F>& slot) {
+        return slot.Core::template TOwnershipWithClone<F>::Get();
+    }
+
 private:
     class CWriter : public virtual Serialization::ISerialize {
     public:
@@ -138,7 +143,7 @@ public:
         double result = 0.0;
         bool isFirst = true;
         for (const Core::TOwnershipWithClone<IFunction>& slot : GetSlots()) {
-            const IFunction* function = slot.Get();
+            const IFunction* function = PartOf(slot);
             if (function) {
                 const double value = function->Evaluate(x);
                 result = isFirst ? value : Operation(result, value);

@@ -132,8 +132,8 @@ public:
     bool DeSerialize(const Serialization::IReadDataStream&) override { return true; }
 };
 
-/// What a part of a compound becomes when it cannot be read: the identity, and the sum of both
-/// arguments. Always the same object; it has no state and is not owned.
+/// What a part of a compound becomes when it cannot be read: the identity, the sum of both
+/// arguments, and for constants 0. Always the same object; it has no state and is not owned.
 template <class F>
 F* GetNeutralFunction();
 

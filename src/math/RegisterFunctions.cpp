@@ -1,13 +1,26 @@
 #include "math/CircularLUTFunction.h"
 #include "math/Constant.h"
+#include "math/DeprecatedCircularLUTFunction.h"
+#include "math/FunctionProxy.h"
+#include "math/FunctionsCombination.h"
+#include "math/FunctionsComposition.h"
 #include "math/FunctionsOperation.h"
 #include "math/LUTFunction.h"
 #include "math/LibraryFunction.h"
+#include "math/RegisteredFunctions.h"
+#include "math/SweptCurvesFunction.h"
+#include "math/SweptValues.h"
 #include "runtime/ObjectsFactory.h"
 
 namespace Vorin::Math {
 
 namespace {
+
+// Filled before main, whichever file comes first.
+std::vector<CRegisteredFunction>& Registered() {
+    static std::vector<CRegisteredFunction> functions;
+    return functions;
+}
 
 /// The class identifier is what the objects themselves report, so the two cannot differ.
 template <class C, class I>
@@ -15,11 +28,22 @@ void Register(const char* interfaceId) {
     const char* classId = C().GetType();
     static Runtime::TObjectFactory<C, I> factory(classId, interfaceId);
     Runtime::CObjectsFactory::Register(classId, interfaceId, &factory);
+    Registered().push_back({classId, interfaceId});
 }
 
 template <class C>
 void RegisterFunction() {
     Register<C, IFunction>(kFunctionInterface);
+}
+
+template <class C>
+void RegisterBinaryFunction() {
+    Register<C, IBinaryFunction>(kBinaryFunctionInterface);
+}
+
+template <class C>
+void RegisterConstant() {
+    Register<C, IConstant>(kConstantInterface);
 }
 
 template <class T>
@@ -31,18 +55,37 @@ void RegisterTables() {
     RegisterFunction<TCircularLUTFunction<Spline>>();
 }
 
-bool RegisterAll() {
+void RegisterLibrary() {
     LibraryFunctions::ForEach([]<double (*F)(double)>() { RegisterFunction<TFunction<F>>(); });
-    LibraryBinaryFunctions::ForEach([]<double (*F)(double, double)>() {
-        Register<TBinaryFunction<F>, IBinaryFunction>(kBinaryFunctionInterface);
-    });
+    LibraryBinaryFunctions::ForEach(
+        []<double (*F)(double, double)>() { RegisterBinaryFunction<TBinaryFunction<F>>(); });
     FunctionsOperations::ForEach(
         []<double (*F)(double, double)>() { RegisterFunction<TFunctionsOperation<F>>(); });
+}
+
+void RegisterCompounds() {
+    RegisterFunction<CFunctionProxy>();
+    RegisterBinaryFunction<CBinaryFunctionProxy>();
+    RegisterFunction<CFunctionsComposition>();
+    RegisterBinaryFunction<CBinaryFunctionComposition>();
+    RegisterConstant<CConstantComposition>();
+    RegisterFunction<CFunctionsCombination>();
+    RegisterBinaryFunction<CBinaryFunctionsCombination>();
+    RegisterConstant<CConstantsCombination>();
+}
+
+bool RegisterAll() {
+    RegisterLibrary();
     RegisterTables<double>();
     RegisterTables<float>();
-    Register<CConstant, IConstant>(kConstantInterface);
+    RegisterFunction<TDeprecatedCircularLUTFunction<
+        TLookupTable<float, TConstrainedSplineInterpolator<float, float>>>>();
+    RegisterConstant<CConstant>();
     RegisterFunction<CConstantFunction>();
-    Register<CConstantBinaryFunction, IBinaryFunction>(kBinaryFunctionInterface);
+    RegisterBinaryFunction<CConstantBinaryFunction>();
+    RegisterCompounds();
+    RegisterFunction<CSweptValues>();
+    RegisterBinaryFunction<CSweptCurvesFunction>();
     return true;
 }
 
@@ -52,5 +95,7 @@ bool RegisterFunctions() {
     static const bool registered = RegisterAll();
     return registered;
 }
+
+const std::vector<CRegisteredFunction>& GetRegisteredFunctions() { return Registered(); }
 
 } // namespace Vorin::Math

@@ -1,0 +1,41 @@
+#pragma once
+
+namespace Vorin::Math {
+
+/// One visit of a proxy to its target, for as long as it lasts; visits of a thread nest.
+///
+/// Proxies tie together functions that know nothing of each other, so that a function may come to
+/// stand below itself, or a chain of them may become longer than a stack is deep. Such a visit is
+/// not allowed, and the proxy does without its target.
+class CProxyVisit {
+public:
+    explicit CProxyVisit(const void* visitedTarget) : target(visitedTarget), outer(innermost) {
+        depth = outer ? outer->depth + 1 : 1;
+        isAllowed = depth <= kMaximumDepth;
+        for (const CProxyVisit* visit = outer; visit && isAllowed; visit = visit->outer) {
+            isAllowed = visit->target != target;
+        }
+        innermost = this;
+    }
+    ~CProxyVisit() { innermost = outer; }
+
+    CProxyVisit(const CProxyVisit&) = delete;
+    CProxyVisit& operator=(const CProxyVisit&) = delete;
+
+    bool IsAllowed() const { return isAllowed; }
+
+    static constexpr int kMaximumDepth = 64;
+
+private:
+    // Read straight from the thread's block: a call would cost more than the visit.
+    [[gnu::tls_model(
+        "initial-exec")]] static inline constinit thread_local const CProxyVisit* innermost =
+        nullptr;
+
+    const void* const target;
+    const CProxyVisit* const outer;
+    int depth = 0;
+    bool isAllowed = true;
+};
+
+} // namespace Vorin::Math
