@@ -3,7 +3,7 @@
 // so.
 
 #include "audio/plugin/BlockProcessor.h"
-#include "audio/plugin/InputValues.h"
+#include "audio/plugin/HostParam.h"
 #include "filters/OndaraFilter.h"
 
 #include <cstdio>
@@ -29,8 +29,8 @@ void ProcessWatched(Plugin::CBlockProcessor& processor,
 int main(int count, char** words) {
     const bool misbehave = count > 1 && std::strcmp(words[1], "control") == 0;
     constexpr int kMaxFrames = 1024;
-    Plugin::CAudioPluginInternals internals({PluginsFilters::CreateOndaraFilter(), 50.0});
-    Plugin::CInputValues values(internals.GetInputInfos());
+    Plugin::CFilterHost internals({PluginsFilters::CreateOndaraFilter(), 50.0});
+    Plugin::CHostParams values(internals.GetInputInfos());
     internals.Connect(values);
     if (!internals.Configure({.applyDefaults = true, .blockSize = kMaxFrames}, 48000.0)) {
         return 1;

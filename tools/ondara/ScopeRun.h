@@ -3,9 +3,9 @@
 #include "Outcome.h"
 #include "ScopeOptions.h"
 
-#include "audio/plugin/AudioPluginInternals.h"
+#include "audio/plugin/FilterHost.h"
 #include "audio/plugin/BlockProcessor.h"
-#include "audio/plugin/InputValues.h"
+#include "audio/plugin/HostParam.h"
 
 #include <string>
 #include <vector>
@@ -47,8 +47,8 @@ public:
 
 private:
     const CScopeOptions& options;
-    Vorin::Audio::Plugin::CAudioPluginInternals internals;
-    Vorin::Audio::Plugin::CInputValues inputValues{internals.GetInputInfos()};
+    Vorin::Audio::Plugin::CFilterHost internals;
+    Vorin::Audio::Plugin::CHostParams inputValues{internals.GetInputInfos()};
     Vorin::Audio::Plugin::CBlockProcessor processor{internals};
 };
 

@@ -1,197 +1,259 @@
 #include "audio/plugin/AudioPluginInternals.h"
 
+#include "audio/plugin/InputParamsSerializer.h"
 #include "datamodel/EnumToText.h"
-
-#include <algorithm>
-#include <functional>
-#include <string_view>
+#include "serialization/MemDataObject.h"
 
 namespace Vorin::Audio::Plugin {
 
 using namespace DSP;
 using namespace DataModel::Objects;
+using namespace Serialization;
 
 namespace {
 
-/// The host's parameter 0 is the bypass; those of the filter follow.
-constexpr int kFirstFilterParam = 1;
-constexpr double kBypassRampMilliseconds = 10.0;
-constexpr double kMaxSampleRate = 1 << 22;
+constexpr int kVersion = 3;
+constexpr CMIDICCSettingsKeys kInputKeys{"MIDIInputDefault", "MIDIInputSettings", "setting"};
+constexpr CMIDICCSettingsKeys kOutputKeys{"MIDIOutputDefault", "MIDIOutputSettings", "setting"};
+constexpr char kInputParams[] = "inputParams";
+constexpr char kModel[] = "model";
+constexpr char kGUI[] = "GUI";
 
-template <class T>
-void CreateOutputs(std::vector<std::unique_ptr<TMTOutput<T>>>& outputs, int count) {
-    for (int i = 0; i < count; ++i) {
-        outputs.push_back(std::make_unique<TMTOutput<T>>());
-    }
+CParamInfo MakeChangedInfo() {
+    return {kParamBoolean,
+            "Preset Modified",
+            "",
+            "",
+            new CEnumToText("Off;On"),
+            nullptr,
+            0.0,
+            1.0,
+            0.0};
 }
 
-/// Hands the changed objects of one group to their readers.
-template <class T>
-void PublishGroup(const Containers::IConstVector<T>& values, IChanges& changes,
-                  std::vector<std::unique_ptr<TMTOutput<T>>>& outputs) {
-    for (std::size_t i = 0; i < outputs.size(); ++i) {
-        const int index = static_cast<int>(i);
-        Core::IDirty& change = changes.Get(index);
-        if (change.IsDirty()) {
-            outputs[i]->SetValue(&values.Get(index));
-            change.ClearDirty();
-        }
-    }
+/// The global settings of a process that has been told what the parameters are.
+IPluginDefaultSettings& Prepare(IStaticSettings& settings, const IConstParamInfos& inputs,
+                                const IConstParamInfos& outputs) {
+    settings.Init(inputs, outputs);
+    return settings.GetSettings();
 }
 
-/// What stands for a text when the text itself may be gone.
-std::size_t MarkOf(const char* text) { return text ? std::hash<std::string_view>()(text) : 0; }
+/// Whether a section that could not be read is damaged, rather than missing.
+bool IsDamaged(const IReadDataStream& stream, const CMIDICCSettingsKeys& keys) {
+    return stream.Exists(keys.useDefaults) && stream.Exists(keys.settings);
+}
 
 } // namespace
 
-const char* CAudioPluginInternals::WhyUnusable(const IFilter& filter) {
-    if (filter.GetInputStringInfos().GetCount() > 0 || filter.GetInputCurveInfos().GetCount() > 0 ||
-        filter.GetInputSurfaceInfos().GetCount() > 0 ||
-        filter.GetInputPropertyInfos().GetCount() > 0) {
-        return "the filter takes inputs other than audio and parameters, which nothing provides";
+CAudioPluginInternals::CAudioPluginInternals(CAudioPluginConfig config,
+                                             IStaticSettings& staticSettings)
+    : CFilterHost({.filter = std::move(config.filter)}), settings(staticSettings),
+      productInfo(config.productInfo), storeState(config.storeState),
+      midiController(GetInputInfos(),
+                     Prepare(settings, GetInputInfos(), GetFilter().GetOutputParamInfos())
+                         .GetInputCCSettings(),
+                     GetFilter().GetOutputParamInfos(),
+                     settings.GetSettings().GetOutputCCSettings()),
+      changedSincePresetLoaded(MakeChangedInfo()),
+      presetsManager(*this, GetFilter().GetLegacyPresets(), settings.GetPaths()),
+      gui(std::move(config.gui)) {
+    GetOutputDataSync().SetRefreshRate(settings.GetSettings().GetOutputRefreshRate());
+    if (gui) {
+        gui->SetPresetsManager(presetsManager);
     }
-    return nullptr;
 }
 
-CAudioPluginInternals::CAudioPluginInternals(CConfig config)
-    : filter(std::move(config.filter)), inputInfos(ownInfos, filter->GetInputParamInfos()),
-      filterChanges(static_cast<std::size_t>(filter->GetInputParamInfos().GetCount())) {
-    ownInfos.Add(CParamInfo(kParamBoolean, "Bypass", "", "", new CEnumToText("Off;On"), nullptr,
-                            0.0, 1.0, 0.0));
-    ramp.Init(*filter);
-    CreateOutputs(mtOutputStrings, filter->GetOutputStringInfos().GetCount());
-    textMarks.resize(mtOutputStrings.size());
-    CreateOutputs(mtOutputCurves, filter->GetOutputCurveInfos().GetCount());
-    CreateOutputs(mtOutputSurfaces, filter->GetOutputSurfaceInfos().GetCount());
-    CreateOutputs(mtOutputProperties, filter->GetOutputPropertyInfos().GetCount());
-    GetOutputDataSync().SetRefreshRate(config.defaultRefreshRate);
+CAudioPluginInternals::~CAudioPluginInternals() {
+    gui.reset(); // it may still look at everything else
+    Disconnect();
 }
 
-void CAudioPluginInternals::GetIOChannels(int& inputs, int& outputs) const {
-    const IProcessInfo& info = filter->GetIOConfigurations();
-    inputs = info.GetInputInfos().GetCount();
-    outputs = info.GetOutputInfos().GetCount();
-    for (int i = 0; i < info.GetConfigurations().GetCount(); ++i) {
-        const IIOConfiguration& configuration = info.GetConfigurations().Get(i);
-        inputs = std::max(inputs, configuration.GetInputInfos().GetCount());
-        outputs = std::max(outputs, configuration.GetOutputInfos().GetCount());
+void CAudioPluginInternals::Connect(IHostParams& inputs, IHostParams& outputs) {
+    Disconnect();
+    inputParams = &inputs;
+    outputParams = &outputs;
+    for (int i = 0; i < inputs.GetCount(); ++i) {
+        inputs.Get(i).GetValueChangedEvents().Connect(inputChanged);
     }
+    CFilterHost::Connect(inputs);
+}
+
+void CAudioPluginInternals::Disconnect() {
+    if (inputParams) {
+        for (int i = 0; i < inputParams->GetCount(); ++i) {
+            inputParams->Get(i).GetValueChangedEvents().Disconnect(inputChanged);
+        }
+    }
+    inputParams = nullptr;
+    outputParams = nullptr;
+    CFilterHost::Disconnect();
 }
 
 bool CAudioPluginInternals::Configure(const CFilterConfig& config, double newSampleRate) {
-    if (!(newSampleRate > 0.0 && newSampleRate < kMaxSampleRate)) {
+    if (!CFilterHost::Configure(config, newSampleRate)) {
         return false;
     }
-    sampleRate.SetValue(newSampleRate);
-    fallbackSync.SetSampleRate(newSampleRate);
-    if (config.applyDefaults && inputValues) {
-        for (int i = 0; i < inputValues->GetCount(); ++i) {
-            inputValues->Get(i).SetValue(inputInfos.Get(i).GetDefault());
-        }
-    }
-    filter->Init({false, config.blockSize, config.mode, config.configuration}, newSampleRate);
-    int inputs = 0;
-    int outputs = 0;
-    GetIOChannels(inputs, outputs);
-    bypassManager.Init(*filter, inputs, outputs, config.blockSize, newSampleRate);
-    bypassManager.SetRampTime(kBypassRampMilliseconds);
-    ApplyPending();
-    filter->UpdateOutputs();
-    return TransferOutputs(true);
-}
-
-void CAudioPluginInternals::ApplyPending() {
-    if (TakeInputValues()) {
-        filter->SetInputParams(ramp.GetAtEnd());
-    }
-    FinishRamp();
-}
-
-const IConstInputRamp* CAudioPluginInternals::PrepareBlock() {
-    return TakeInputValues() ? &ramp : nullptr;
-}
-
-bool CAudioPluginInternals::TakeInputValues() {
-    if (!inputValues) {
-        return false;
-    }
-    bool changed = false;
-    const int count =
-        std::min(ramp.GetParams().GetCount(), inputValues->GetCount() - kFirstFilterParam);
-    for (int i = 0; i < count; ++i) {
-        const double value = inputValues->Get(kFirstFilterParam + i).GetValue();
-        // A NaN is never taken: it would differ from itself in each block.
-        if (value < ramp.GetParams().GetValue(i) || value > ramp.GetParams().GetValue(i)) {
-            ramp.SetParam(i, value);
-            filterChanges[static_cast<std::size_t>(i)].Notify();
-            changed = true;
-        }
-    }
-    return changed;
-}
-
-void CAudioPluginInternals::NotifyProcessed(int frames) {
-    if (!filter->GetOutputDataSync()) {
-        fallbackSync.AddSamples(static_cast<std::uint32_t>(std::max(frames, 0)));
-    }
-}
-
-IOutputDataSync& CAudioPluginInternals::GetOutputDataSync() {
-    IOutputDataSync* own = filter->GetOutputDataSync();
-    return own ? *own : fallbackSync;
-}
-
-bool CAudioPluginInternals::TransferOutputs(bool blocking) {
-    if (mtOutputStrings.empty() && mtOutputCurves.empty() && mtOutputSurfaces.empty() &&
-        mtOutputProperties.empty()) {
-        return true;
-    }
-    if (blocking) {
-        outputsLock.Lock();
-    } else if (!outputsLock.TryLock()) {
-        return false;
-    }
-    Publish();
-    outputsLock.Unlock();
-    NotifyReaders();
+    midiController.ResetOutputCC();
     return true;
 }
 
-void CAudioPluginInternals::Publish() {
-    filter->PublishOutputs();
-    IChanges& stringChanges = filter->GetOutputStringChanges();
-    for (std::size_t i = 0; i < mtOutputStrings.size(); ++i) {
-        const int index = static_cast<int>(i);
-        if (!stringChanges.Get(index).IsDirty()) {
-            continue;
-        }
-        stringChanges.Get(index).ClearDirty();
-        const char* text = filter->GetOutputStrings().GetValue(index);
-        const char* last = mtOutputStrings[i]->GetValue();
-        // The last text may have died when the filter took the new one: it is known by its mark.
-        if (MarkOf(text) != textMarks[i] || !text != !last) {
-            mtOutputStrings[i]->SetValue(text);
-        } else {
-            mtOutputStrings[i]->Replace(text);
-        }
-        textMarks[i] = MarkOf(text);
-    }
-    PublishGroup(filter->GetOutputCurves(), filter->GetOutputCurveChanges(), mtOutputCurves);
-    PublishGroup(filter->GetOutputSurfaces(), filter->GetOutputSurfaceChanges(), mtOutputSurfaces);
-    PublishGroup(filter->GetOutputProperties(), filter->GetOutputPropertyChanges(),
-                 mtOutputProperties);
+const IConstFilterProductInfo& CAudioPluginInternals::GetProductInfo() const {
+    return productInfo ? *productInfo : GetFilter().GetProductInfo();
 }
 
-void CAudioPluginInternals::NotifyReaders() {
-    const auto notify = [](auto& outputs) {
-        for (auto& output : outputs) {
-            output->NotifyIfMarked();
+bool CAudioPluginInternals::ApplyMIDI(const MIDI::IConstMIDIEvent& event, CMIDICCValues& message) {
+    return inputParams && midiController.ApplyMIDI(event, message, *this);
+}
+
+void CAudioPluginInternals::SetFromMIDI(int index, double value) {
+    IHostParam& param = inputParams->Get(index);
+    const bool wasCaptured = param.IsCaptured();
+    param.Capture();
+    param.SetValue(value);
+    if (!wasCaptured) {
+        param.Release();
+    }
+}
+
+bool CAudioPluginInternals::MakeOutputCC(int index, MIDI::IMIDIEvent& event) {
+    return midiController.MakeOutputCC(index, GetFilter().GetOutputParamValues().GetValue(index),
+                                       event);
+}
+
+bool CAudioPluginInternals::Serialize(IWriteDataStream& stream) const {
+    if (!storeState) {
+        return true;
+    }
+    const Core::CAutoLock guard(stateLock);
+    bool done = stream.WriteInt("version", kVersion);
+    done &= presetsManager.WriteName(stream);
+    done &= midiController.WriteInputSettings(stream, kInputKeys);
+    done &= midiController.WriteOutputSettings(stream, kOutputKeys);
+    if (inputParams) {
+        done &= stream.WriteObject(kInputParams, CInputParamsSerializer(*inputParams));
+    }
+    done &= stream.WriteObject(kModel, model);
+    if (gui) {
+        done &= stream.WriteObject(kGUI, *gui);
+    }
+    return done;
+}
+
+bool CAudioPluginInternals::RestoreState(const IReadDataStream& document) {
+    const Core::CAutoLock guard(stateLock);
+    return presetsManager.ReadState(document);
+}
+
+bool CAudioPluginInternals::DeSerialize(const IReadDataStream& stream) {
+    if (!storeState) {
+        return true;
+    }
+    const Core::CAutoLock guard(stateLock);
+    midiController.ResetOutputCC();
+    model.SetEnabled(false);
+    if (gui) {
+        gui->BeginLoad();
+    }
+    const bool done = ReadSections(stream);
+    model.SetEnabled(true);
+    if (gui) {
+        gui->EndLoad();
+    }
+    changedSincePresetLoaded.SetValue(0.0);
+    return done;
+}
+
+bool CAudioPluginInternals::ReadSections(const IReadDataStream& stream) {
+    presetsManager.ReadName(stream);
+    if (!midiController.ReadInputSettings(stream, kInputKeys) && IsDamaged(stream, kInputKeys)) {
+        return false;
+    }
+    if (!midiController.ReadOutputSettings(stream, kOutputKeys) && IsDamaged(stream, kOutputKeys)) {
+        return false;
+    }
+    if (!ReadInputs(stream)) {
+        return false;
+    }
+    // No filter that can be run here has input strings, curves, surfaces or custom properties.
+    if (!stream.ReadObject(kModel, model) && stream.Exists(kModel)) {
+        return false;
+    }
+    return !gui || stream.ReadObject(kGUI, *gui) || !stream.Exists(kGUI);
+}
+
+bool CAudioPluginInternals::ReadInputs(const IReadDataStream& stream) {
+    if (!inputParams) {
+        return true;
+    }
+    CInputParamsDeSerializer reader(*inputParams);
+    if (stream.ReadObject(kInputParams, reader)) {
+        StoreInputs(reader.GetValues());
+        return true;
+    }
+    if (stream.Exists(kInputParams)) {
+        return false;
+    }
+    if (!stream.IsTolerant()) {
+        StoreInputs(GetDefaults());
+    }
+    return true;
+}
+
+void CAudioPluginInternals::StoreInputs(const std::vector<double>& values) {
+    std::vector<bool> isChanged(values.size());
+    BeginChanges();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        isChanged[i] = inputParams->Get(static_cast<int>(i)).Store(values[i]);
+    }
+    EndChanges();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (isChanged[i]) {
+            inputParams->Get(static_cast<int>(i)).NotifyChanged();
         }
-    };
-    notify(mtOutputStrings);
-    notify(mtOutputCurves);
-    notify(mtOutputSurfaces);
-    notify(mtOutputProperties);
+    }
+}
+
+std::vector<double> CAudioPluginInternals::GetDefaults() const {
+    std::vector<double> defaults;
+    for (int i = 0; i < GetInputInfos().GetCount(); ++i) {
+        defaults.push_back(GetInputInfos().Get(i).GetDefault());
+    }
+    return defaults;
+}
+
+void CAudioPluginInternals::ResetToDefaults() {
+    // What an empty document stands for, but for the name, which the manager gives.
+    DeSerialize(CMemDataObject());
+    midiController.GetInputDefaultFlag().SetValue(true);
+    midiController.GetOutputDefaultFlag().SetValue(true);
+}
+
+void CAudioPluginInternals::ApplyValues(const IConstParamsValues& values) {
+    if (!inputParams) {
+        return;
+    }
+    // The values are the filter's: the bypass, which stands before them, has its default.
+    std::vector<double> all = GetDefaults();
+    for (std::size_t i = 1; i < all.size() && static_cast<int>(i) <= values.GetCount(); ++i) {
+        all[i] = values.GetValue(static_cast<int>(i) - 1);
+    }
+    const Core::CAutoLock guard(stateLock);
+    StoreInputs(all);
+    changedSincePresetLoaded.SetValue(0.0);
+}
+
+void CAudioPluginInternals::OnInputChanged() { changedSincePresetLoaded.SetValue(1.0); }
+
+void CAudioPluginInternals::TellKept() {
+    midiController.NotifyIfKept();
+    settings.GetSettings().NotifyIfKept();
+    changedSincePresetLoaded.TellKept();
+    for (int i = 0; inputParams && i < inputParams->GetCount(); ++i) {
+        inputParams->Get(i).TellKept();
+    }
+    for (int i = 0; outputParams && i < outputParams->GetCount(); ++i) {
+        outputParams->Get(i).TellKept();
+    }
 }
 
 } // namespace Vorin::Audio::Plugin

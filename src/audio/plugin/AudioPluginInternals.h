@@ -1,135 +1,108 @@
 #pragma once
 
-#include "audio/dsp/BypassManager.h"
-#include "audio/dsp/Filter.h"
-#include "audio/dsp/Mux.h"
-#include "audio/plugin/InputParamsRamp.h"
-#include "audio/plugin/MTOutput.h"
-#include "core/Value.h"
+#include "audio/plugin/AudioPluginModel.h"
+#include "audio/plugin/FilterHost.h"
+#include "audio/plugin/PluginGUI.h"
+#include "audio/plugin/midi/MIDIController.h"
+#include "audio/plugin/presets/AudioPluginConfig.h"
+#include "audio/plugin/presets/PresetState.h"
+#include "audio/plugin/presets/PresetsManager.h"
 #include "system/CriticalSection.h"
 
 #include <memory>
-#include <vector>
 
 namespace Vorin::Audio::Plugin {
 
-/// The host-independent plug-in: owns the filter, and carries values between the audio thread and
-/// everyone else.
+/// What the product's top level puts a plug-in together from.
+struct CAudioPluginConfig {
+    std::unique_ptr<DSP::IFilter> filter; ///< not null, and through Init with its defaults
+    std::unique_ptr<IPluginGUI> gui;      ///< null: there is no editor
+    /// Static; null leaves it to what the filter says of itself.
+    const DSP::IConstFilterProductInfo* productInfo = nullptr;
+    /// False: the state is neither saved nor restored, and a saved preset is an empty document.
+    bool storeState = true;
+};
+
+/// The host-independent plug-in: a filter that runs, its MIDI control, its presets and its state.
 ///
-/// Call order:
-///   1. construct with a filter that has been through Init with its defaults;
-///   2. Connect the input values;
-///   3. Configure, any number of times, with the processing held off;
-///   4. for each block PrepareBlock, the bypass manager's Process or ProcessSilence,
-///   NotifyProcessed,
-///      FinishRamp, and the outputs as GetOutputDataSync asks for them. CBlockProcessor does this.
+/// The state is one document, which a host keeps in its project, a preset is a file of, and the
+/// undo history takes snapshots of. It may be saved and restored by any thread while another runs
+/// the audio: the values of a state reach the filter all at once, and a document that is refused
+/// leaves everything as it was.
 ///
-/// Parameters cross by plain reads of whole doubles at the head of a block: one that is read a
-/// block late is harmless. Outputs cross under the outputs lock, which the audio thread only ever
-/// tries.
-class CAudioPluginInternals {
+/// What is called by [audio] is what CFilterHost says, and ApplyMIDI and MakeOutputCC.
+class CAudioPluginInternals : public CFilterHost, private IPresetState, private IMIDIValueReceiver {
 public:
-    using IInputValues = Containers::IVector<Core::TIValue<double>>;
+    /// The static settings are borrowed, and initialised here if nobody did.
+    CAudioPluginInternals(CAudioPluginConfig config, IStaticSettings& staticSettings);
+    ~CAudioPluginInternals() override;
 
-    struct CConfig {
-        std::unique_ptr<DSP::IFilter> filter; ///< not null
-        double defaultRefreshRate = 50.0;     ///< of the outputs, in Hz
-    };
+    /// Takes the host's objects for the values of inputs and outputs, one per info; they are
+    /// borrowed. [any, idle]
+    void Connect(IHostParams& inputs, IHostParams& outputs);
+    /// Lets go of them again. [any, idle]
+    void Disconnect();
 
-    /// Null when the filter can be run here, otherwise the reason: input strings, curves, surfaces
-    /// and custom properties have no objects to come from.
-    static const char* WhyUnusable(const DSP::IFilter& filter);
-
-    explicit CAudioPluginInternals(CConfig config);
-    CAudioPluginInternals(const CAudioPluginInternals&) = delete;
-    CAudioPluginInternals& operator=(const CAudioPluginInternals&) = delete;
-
-    /// The input parameters: "Bypass" first, then those of the filter. Constant. [any]
-    const DSP::IConstParamInfos& GetInputInfos() const { return inputInfos; }
-    /// [any]
-    const DSP::IConstCurveInfos& GetOutputCurveInfos() const {
-        return filter->GetOutputCurveInfos();
-    }
-
-    /// Takes the objects that hold the input values, one per info; they are borrowed. [any, idle]
-    void Connect(IInputValues& values) { inputValues = &values; }
-
-    /// The largest channel counts among the filter's configurations. [any]
-    void GetIOChannels(int& inputs, int& outputs) const;
-
-    /// Makes the filter ready for a rate and a block size, with the values as they are now, and
-    /// runs a first publication. False, with nothing changed, for a rate that is not a positive
-    /// number below 2^22 Hz. Allocates. [any, idle]
+    /// See CFilterHost. Every output's controller is sent anew after it. [any, idle]
     [[nodiscard]] bool Configure(const DSP::CFilterConfig& config, double newSampleRate);
 
-    /// The sample rate in Hz, 0 before the first Configure, with its change event.
-    Core::TIConstValue<double>& GetSampleRate() { return sampleRate; }
+    const DSP::IConstFilterProductInfo& GetProductInfo() const;
 
-    /// Takes over the input values. The ramp of those that changed, or null; it lives until the
-    /// next call, and FinishRamp is due after the block. [audio]
-    const DSP::IConstInputRamp* PrepareBlock();
-    /// [audio]
-    void FinishRamp() { ramp.Finish(); }
-    /// Counts the frames where the filter leaves the pacing to its user. [audio]
-    void NotifyProcessed(int frames);
+    /// Gives the inputs what the event says; true for every controller event. [audio]
+    bool ApplyMIDI(const MIDI::IConstMIDIEvent& event, CMIDICCValues& message);
+    /// The controller event of an output, when its value has moved far enough. [audio]
+    bool MakeOutputCC(int index, MIDI::IMIDIEvent& event);
+    CMIDIController& GetMIDIController() { return midiController; }
 
-    /// Brings the filter the input values while no block runs. [any, idle]
-    void ApplyPending();
+    /// True with nothing written when the state is not kept. [any]
+    bool Serialize(Serialization::IWriteDataStream& stream) const override;
+    /// All or nothing. [any]
+    bool RestoreState(const Serialization::IReadDataStream& document);
 
-    DSP::IOutputDataSync& GetOutputDataSync();
+    CPresetsManager& GetPresetsManager() { return presetsManager; }
 
-    /// Publishes the filter's outputs to their readers and tells them. False when a reader held the
-    /// lock, which only the non-blocking form heeds; what was to be published is then still due.
-    /// The non-blocking form never waits. [audio, or any, idle]
-    [[nodiscard]] bool TransferOutputs(bool blocking);
+    /// Whether any input value changed since the last state was restored. [any, audio]
+    CHostParam& GetChangedSincePresetLoaded() { return changedSincePresetLoaded; }
 
-    /// Held by whoever reads an output's value. Keep it short: the display stands still meanwhile.
-    System::CCriticalSection& GetOutputsLock() { return outputsLock; }
-    /// One per output curve of the filter.
-    TMTOutput<Math::IFunction>& GetOutputCurve(int index) {
-        return *mtOutputCurves[static_cast<std::size_t>(index)];
-    }
+    /// Null when there is no editor.
+    IPluginGUI* GetGUI() { return gui.get(); }
 
-    /// Fires when the filter gets a new value of its input parameter `index`, on the thread that
-    /// brings it.
-    Core::IEventProvider& GetFilterChange(int index) {
-        return filterChanges[static_cast<std::size_t>(index)];
-    }
-
-    DSP::CFilterBypassManager& GetBypassManager() { return bypassManager; }
-    DSP::IFilter& GetFilter() { return *filter; }
+    /// Tells what could not be told at once because another thread was at it: for the host's idle
+    /// time. [any, not audio]
+    void TellKept();
 
 private:
-    template <class T>
-    using Outputs = std::vector<std::unique_ptr<TMTOutput<T>>>;
+    // The state as the presets manager sees it; DeSerialize is its half of RestoreState.
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override;
+    void ResetToDefaults() override;
+    void ApplyValues(const DSP::IConstParamsValues& values) override;
 
-    bool TakeInputValues();
-    void Publish();
-    void NotifyReaders();
+    void SetFromMIDI(int index, double value) override;
 
-    const std::unique_ptr<DSP::IFilter> filter;
+    bool ReadSections(const Serialization::IReadDataStream& stream);
+    bool ReadInputs(const Serialization::IReadDataStream& stream);
+    void StoreInputs(const std::vector<double>& values);
+    std::vector<double> GetDefaults() const;
+    void OnInputChanged();
 
-    // Constant after construction.
-    CoreUtilities::TDynamicCollection<DataModel::Objects::CParamInfo,
-                                      DataModel::Objects::IConstParamInfo>
-        ownInfos; // "Bypass"
-    DSP::TConstVectorMux<DataModel::Objects::IConstParamInfo> inputInfos;
-    IInputValues* inputValues = nullptr;
+    IStaticSettings& settings;
+    const DSP::IConstFilterProductInfo* const productInfo;
+    const bool storeState;
 
-    // The audio side.
-    DSP::CFilterBypassManager bypassManager;
-    CInputParamsRamp ramp;
-    std::vector<Core::CEventProvider> filterChanges;
-    DSP::COutputDataSync fallbackSync;
-    Core::TValue<double> sampleRate;
+    // Constant from Connect to Disconnect.
+    IHostParams* inputParams = nullptr;
+    IHostParams* outputParams = nullptr;
 
-    // Guarded by outputsLock.
-    System::CCriticalSection outputsLock;
-    Outputs<char> mtOutputStrings;
-    std::vector<std::size_t> textMarks; // of the last published texts
-    Outputs<Math::IFunction> mtOutputCurves;
-    Outputs<Math::IBinaryFunction> mtOutputSurfaces;
-    Outputs<DataModel::Objects::IDynamicPropertyValue> mtOutputProperties;
+    CMIDIController midiController;
+    CAudioPluginModel model;
+    CHostParam changedSincePresetLoaded;
+    Core::TCommand<CAudioPluginInternals> inputChanged{this,
+                                                       &CAudioPluginInternals::OnInputChanged};
+
+    // One state is saved or restored at a time. The audio thread never takes it.
+    mutable System::CCriticalSection stateLock;
+    CPresetsManager presetsManager;
+    std::unique_ptr<IPluginGUI> gui;
 };
 
 } // namespace Vorin::Audio::Plugin

@@ -3,31 +3,34 @@
 namespace Vorin::Audio::Plugin {
 
 void CBlockProcessor::Process(const CBlock& block) {
-    DSP::CFilterBypassManager& bypassManager = internals.GetBypassManager();
+    DSP::CFilterBypassManager& bypassManager = host.GetBypassManager();
     bypassManager.SetBypass(block.bypass);
-    const DSP::IConstInputRamp* ramp = internals.PrepareBlock();
+    const DSP::IConstInputRamp* ramp = host.PrepareBlock();
     const DSP::CProcessRecord record{&block.inputs, &block.outputs, block.frames, ramp, nullptr};
     if (block.silent && block.inputs.GetCount() > 0) {
         bypassManager.ProcessSilence(record);
     } else {
         bypassManager.Process(record);
     }
-    internals.NotifyProcessed(block.frames);
+    host.NotifyProcessed(block.frames);
     if (ramp) {
-        internals.FinishRamp();
+        host.FinishRamp();
     }
     SyncOutputs();
 }
 
 void CBlockProcessor::SyncOutputs() {
-    DSP::IOutputDataSync& sync = internals.GetOutputDataSync();
+    DSP::IOutputDataSync& sync = host.GetOutputDataSync();
     if (sync.IsRefreshNeeded()) {
         sync.Reset();
-        internals.GetFilter().UpdateOutputs();
+        host.GetFilter().UpdateOutputs();
+        if (listener) {
+            listener->OnOutputsUpdated();
+        }
         outputTransferPending = true;
     }
     if (outputTransferPending) {
-        outputTransferPending = !internals.TransferOutputs(false);
+        outputTransferPending = !host.TransferOutputs(false);
     }
 }
 

@@ -1,15 +1,23 @@
 #pragma once
 
-#include "audio/plugin/AudioPluginInternals.h"
+#include "audio/plugin/FilterHost.h"
 
 namespace Vorin::Audio::Plugin {
 
-/// Runs blocks through the internals in the order that each of them needs: what every host adapter
+/// Hears that the filter has computed its outputs, before they are published. [audio]
+class IOutputsListener {
+public:
+    virtual void OnOutputsUpdated() = 0;
+    virtual ~IOutputsListener() = default;
+};
+
+/// Runs blocks through a filter in the order that each of them needs: what every host adapter
 /// does, whatever its host. The audio thread uses it.
 class CBlockProcessor {
 public:
-    /// The internals are borrowed, and configured.
-    explicit CBlockProcessor(CAudioPluginInternals& plugin) : internals(plugin) {}
+    /// Both are borrowed; the host is configured, the listener may be null.
+    explicit CBlockProcessor(CFilterHost& filterHost, IOutputsListener* outputsListener = nullptr)
+        : host(filterHost), listener(outputsListener) {}
 
     struct CBlock {
         DSP::IAudioStreams& inputs;
@@ -28,7 +36,8 @@ public:
     void SyncOutputs();
 
 private:
-    CAudioPluginInternals& internals;
+    CFilterHost& host;
+    IOutputsListener* listener;
     bool outputTransferPending = false;
 };
 

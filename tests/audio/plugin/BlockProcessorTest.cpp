@@ -2,7 +2,7 @@
 
 #include "audio/dsp/FilterTestKit.h"
 #include "audio/dsp/TestMonoFilter.h"
-#include "audio/plugin/InputValues.h"
+#include "audio/plugin/HostParam.h"
 #include "audio/plugin/LockHolder.h"
 
 #include <gtest/gtest.h>
@@ -24,9 +24,9 @@ protected:
     BlockProcessorTest() {
         auto owned = std::make_unique<CTestMonoFilter>();
         mono = owned.get();
-        internals = std::make_unique<CAudioPluginInternals>(
-            CAudioPluginInternals::CConfig{.filter = std::move(owned), .defaultRefreshRate = 0.0});
-        values = std::make_unique<CInputValues>(internals->GetInputInfos());
+        internals = std::make_unique<CFilterHost>(
+            CFilterHost::CConfig{.filter = std::move(owned), .defaultRefreshRate = 0.0});
+        values = std::make_unique<CHostParams>(internals->GetInputInfos());
         internals->Connect(*values);
         processor = std::make_unique<CBlockProcessor>(*internals);
         isConfigured = internals->Configure({.blockSize = 64}, 1000.0);
@@ -57,8 +57,8 @@ protected:
     }
 
     CTestMonoFilter* mono = nullptr;
-    std::unique_ptr<CAudioPluginInternals> internals;
-    std::unique_ptr<CInputValues> values;
+    std::unique_ptr<CFilterHost> internals;
+    std::unique_ptr<CHostParams> values;
     std::unique_ptr<CBlockProcessor> processor;
     bool isConfigured = false;
 };

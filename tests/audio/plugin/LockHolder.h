@@ -1,6 +1,6 @@
 #pragma once
 
-#include "system/CriticalSection.h"
+#include "core/Lock.h"
 
 #include <atomic>
 #include <thread>
@@ -10,7 +10,7 @@ namespace Vorin::Audio::Plugin {
 /// A reader on another thread that holds a lock for as long as this object exists.
 class CLockHolder {
 public:
-    explicit CLockHolder(System::CCriticalSection& lock)
+    explicit CLockHolder(Core::ILock& lock)
         : thread([this, &lock] {
               lock.Lock();
               Enter(kHolding);

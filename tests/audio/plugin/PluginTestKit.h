@@ -1,9 +1,9 @@
 #pragma once
 
 #include "audio/dsp/AudioStreams.h"
-#include "audio/plugin/AudioPluginInternals.h"
 #include "audio/plugin/BlockProcessor.h"
-#include "audio/plugin/InputValues.h"
+#include "audio/plugin/FilterHost.h"
+#include "audio/plugin/HostParam.h"
 #include "filters/OndaraFilter.h"
 
 #include <memory>
@@ -47,8 +47,8 @@ public:
         processor.Process({inputs, outputs, frames, Get(kBypass) > 0.5, silent});
     }
 
-    CAudioPluginInternals internals;
-    CInputValues values{internals.GetInputInfos()};
+    CFilterHost internals;
+    CHostParams values{internals.GetInputInfos()};
     CBlockProcessor processor{internals};
 };
 

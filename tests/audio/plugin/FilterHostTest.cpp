@@ -1,4 +1,4 @@
-#include "audio/plugin/AudioPluginInternals.h"
+#include "audio/plugin/FilterHost.h"
 
 #include "audio/dsp/FilterTestKit.h"
 #include "audio/dsp/TestMonoFilter.h"
@@ -30,16 +30,16 @@ public:
 };
 
 /// The internals around a filter that writes down what it is asked for.
-class AudioPluginInternalsTest : public ::testing::Test {
+class FilterHostTest : public ::testing::Test {
 protected:
     enum EParam { kBypass, kGain, kOffset };
 
-    AudioPluginInternalsTest() {
+    FilterHostTest() {
         auto owned = std::make_unique<CTestMonoFilter>();
         mono = owned.get();
-        internals = std::make_unique<CAudioPluginInternals>(
-            CAudioPluginInternals::CConfig{.filter = std::move(owned), .defaultRefreshRate = 25.0});
-        values = std::make_unique<CInputValues>(internals->GetInputInfos());
+        internals = std::make_unique<CFilterHost>(
+            CFilterHost::CConfig{.filter = std::move(owned), .defaultRefreshRate = 25.0});
+        values = std::make_unique<CHostParams>(internals->GetInputInfos());
         internals->Connect(*values);
     }
 
@@ -58,11 +58,11 @@ protected:
     }
 
     CTestMonoFilter* mono = nullptr;
-    std::unique_ptr<CAudioPluginInternals> internals;
-    std::unique_ptr<CInputValues> values;
+    std::unique_ptr<CFilterHost> internals;
+    std::unique_ptr<CHostParams> values;
 };
 
-TEST_F(AudioPluginInternalsTest, PutsBypassBeforeTheParametersOfTheFilter) {
+TEST_F(FilterHostTest, PutsBypassBeforeTheParametersOfTheFilter) {
     const IConstParamInfos& infos = internals->GetInputInfos();
     ASSERT_EQ(infos.GetCount(), 3);
     EXPECT_STREQ(infos.Get(0).GetName(), "Bypass");
@@ -79,7 +79,7 @@ TEST_F(AudioPluginInternalsTest, PutsBypassBeforeTheParametersOfTheFilter) {
     EXPECT_STREQ(infos.Get(2).GetName(), "Offset");
 }
 
-TEST_F(AudioPluginInternalsTest, SetsTheRefreshRateOfTheFilter) {
+TEST_F(FilterHostTest, SetsTheRefreshRateOfTheFilter) {
     EXPECT_EQ(mono->sync.GetRefreshRate(), 25.0);
     EXPECT_EQ(&internals->GetOutputDataSync(), static_cast<IOutputDataSync*>(&mono->sync));
 }
@@ -100,8 +100,8 @@ private:
     CoreUtilities::TDynamicCollection<CStringInfo, IConstStringInfo> strings;
 };
 
-TEST(AudioPluginInternalsFilterTest, CountsTheMostChannelsOfAllConfigurations) {
-    const CAudioPluginInternals internals({.filter = std::make_unique<CManyWaysFilter>()});
+TEST(FilterHostFilterTest, CountsTheMostChannelsOfAllConfigurations) {
+    const CFilterHost internals({.filter = std::make_unique<CManyWaysFilter>()});
     int inputs = 0;
     int outputs = 0;
     internals.GetIOChannels(inputs, outputs);
@@ -109,13 +109,13 @@ TEST(AudioPluginInternalsFilterTest, CountsTheMostChannelsOfAllConfigurations) {
     EXPECT_EQ(outputs, 6);
 }
 
-TEST(AudioPluginInternalsFilterTest, SaysWhyAFilterCannotBeRun) {
-    EXPECT_NE(CAudioPluginInternals::WhyUnusable(CManyWaysFilter()), nullptr);
-    EXPECT_EQ(CAudioPluginInternals::WhyUnusable(CTestMonoFilter()), nullptr);
-    EXPECT_EQ(CAudioPluginInternals::WhyUnusable(*PluginsFilters::CreateOndaraFilter()), nullptr);
+TEST(FilterHostFilterTest, SaysWhyAFilterCannotBeRun) {
+    EXPECT_NE(CFilterHost::WhyUnusable(CManyWaysFilter()), nullptr);
+    EXPECT_EQ(CFilterHost::WhyUnusable(CTestMonoFilter()), nullptr);
+    EXPECT_EQ(CFilterHost::WhyUnusable(*PluginsFilters::CreateOndaraFilter()), nullptr);
 }
 
-TEST_F(AudioPluginInternalsTest, InitsTheFilterAndPublishesOnceWhenItIsConfigured) {
+TEST_F(FilterHostTest, InitsTheFilterAndPublishesOnceWhenItIsConfigured) {
     EXPECT_TRUE(Configure());
     // The values are those that the filter has: they are not pushed again.
     EXPECT_EQ(TakeCalls(), "init;reset;updateParams;update;publish;");
@@ -123,14 +123,14 @@ TEST_F(AudioPluginInternalsTest, InitsTheFilterAndPublishesOnceWhenItIsConfigure
     EXPECT_NE(internals->GetOutputCurve(0).GetValue(), nullptr);
 }
 
-TEST_F(AudioPluginInternalsTest, PushesChangedValuesBeforeTheFirstUpdate) {
+TEST_F(FilterHostTest, PushesChangedValuesBeforeTheFirstUpdate) {
     Set(kGain, 3.0);
     EXPECT_TRUE(Configure());
     EXPECT_EQ(TakeCalls(), "init;reset;params0(3,0.5);updateParams;update;publish;");
     EXPECT_EQ(internals->PrepareBlock(), nullptr);
 }
 
-TEST_F(AudioPluginInternalsTest, ResetsTheInputValuesWhenDefaultsAreAskedFor) {
+TEST_F(FilterHostTest, ResetsTheInputValuesWhenDefaultsAreAskedFor) {
     Set(kBypass, 1.0);
     Set(kGain, 3.0);
     ASSERT_TRUE(Configure());
@@ -142,7 +142,7 @@ TEST_F(AudioPluginInternalsTest, ResetsTheInputValuesWhenDefaultsAreAskedFor) {
     EXPECT_EQ(TakeCalls(), "init;reset;params0(2,0.5);updateParams;update;publish;");
 }
 
-TEST_F(AudioPluginInternalsTest, TellsOfTheSampleRateWhenItDiffers) {
+TEST_F(FilterHostTest, TellsOfTheSampleRateWhenItDiffers) {
     CCounter counter;
     internals->GetSampleRate().GetValueChangedEvents().Connect(counter.command);
     EXPECT_EQ(internals->GetSampleRate().GetValue(), 0.0);
@@ -155,7 +155,7 @@ TEST_F(AudioPluginInternalsTest, TellsOfTheSampleRateWhenItDiffers) {
     internals->GetSampleRate().GetValueChangedEvents().Disconnect(counter.command);
 }
 
-TEST_F(AudioPluginInternalsTest, RefusesSampleRatesThatAreNoneAndChangesNothing) {
+TEST_F(FilterHostTest, RefusesSampleRatesThatAreNoneAndChangesNothing) {
     ASSERT_TRUE(Configure(44100.0));
     Set(kGain, 3.0);
     TakeCalls();
@@ -168,13 +168,13 @@ TEST_F(AudioPluginInternalsTest, RefusesSampleRatesThatAreNoneAndChangesNothing)
     EXPECT_TRUE(Configure(4194303.0));
 }
 
-TEST_F(AudioPluginInternalsTest, HasNoRampWhileNothingChanges) {
+TEST_F(FilterHostTest, HasNoRampWhileNothingChanges) {
     ASSERT_TRUE(Configure());
     EXPECT_EQ(internals->PrepareBlock(), nullptr);
     EXPECT_EQ(internals->PrepareBlock(), nullptr);
 }
 
-TEST_F(AudioPluginInternalsTest, HasNoRampForTheSameDoubleAgain) {
+TEST_F(FilterHostTest, HasNoRampForTheSameDoubleAgain) {
     ASSERT_TRUE(Configure());
     CCounter counter;
     internals->GetFilterChange(0).Connect(counter.command);
@@ -192,13 +192,13 @@ TEST_F(AudioPluginInternalsTest, HasNoRampForTheSameDoubleAgain) {
     internals->GetFilterChange(0).Disconnect(counter.command);
 }
 
-TEST_F(AudioPluginInternalsTest, SeesTheSmallestChange) {
+TEST_F(FilterHostTest, SeesTheSmallestChange) {
     ASSERT_TRUE(Configure());
     Set(kGain, std::nextafter(2.0, 3.0));
     EXPECT_NE(internals->PrepareBlock(), nullptr);
 }
 
-TEST_F(AudioPluginInternalsTest, RampsFromTheLastBlocksValuesToThisOnes) {
+TEST_F(FilterHostTest, RampsFromTheLastBlocksValuesToThisOnes) {
     ASSERT_TRUE(Configure());
     Set(kGain, 3.0);
     const IConstInputRamp* ramp = internals->PrepareBlock();
@@ -216,7 +216,7 @@ TEST_F(AudioPluginInternalsTest, RampsFromTheLastBlocksValuesToThisOnes) {
     EXPECT_EQ(At(ramp->GetAtEnd(), 1), 7.0);
 }
 
-TEST_F(AudioPluginInternalsTest, SamplesTheValuesOnceForABlock) {
+TEST_F(FilterHostTest, SamplesTheValuesOnceForABlock) {
     ASSERT_TRUE(Configure());
     Set(kGain, 3.0);
     const IConstInputRamp* ramp = internals->PrepareBlock();
@@ -224,7 +224,7 @@ TEST_F(AudioPluginInternalsTest, SamplesTheValuesOnceForABlock) {
     EXPECT_EQ(At(ramp->GetAtEnd(), 0), 3.0);
 }
 
-TEST_F(AudioPluginInternalsTest, TellsOfEachValueThatTheFilterGets) {
+TEST_F(FilterHostTest, TellsOfEachValueThatTheFilterGets) {
     ASSERT_TRUE(Configure());
     CCounter gain;
     CCounter offset;
@@ -244,37 +244,35 @@ TEST_F(AudioPluginInternalsTest, TellsOfEachValueThatTheFilterGets) {
     internals->GetFilterChange(1).Disconnect(offset.command);
 }
 
-TEST_F(AudioPluginInternalsTest, KeepsBypassFromTheFilter) {
+TEST_F(FilterHostTest, KeepsBypassFromTheFilter) {
     ASSERT_TRUE(Configure());
     Set(kBypass, 1.0);
     EXPECT_EQ(internals->PrepareBlock(), nullptr);
 }
 
-/// A value that any double can be put into.
-class COpenValue : public Core::TIValue<double> {
+/// A parameter that has whatever it is told.
+class COpenValue : public CHostParam {
 public:
-    Core::IEventProvider& GetValueChangedEvents() override { return changed; }
+    using CHostParam::CHostParam;
     double GetValue() const override { return value; }
-    void SetValue(double newValue) override { value = newValue; }
 
     double value = 2.0;
-    Core::CEventProvider changed;
 };
 
-class COpenValues : public CAudioPluginInternals::IInputValues {
+/// One value less than there are infos.
+class COpenValues : public IHostParams {
 public:
-    int GetCount() const override { return 2; } // one less than there are infos
-    const Core::TIValue<double>& Get(int index) const override {
+    int GetCount() const override { return 2; }
+    const IHostParam& Get(int index) const override {
         return values[static_cast<std::size_t>(index)];
     }
-    Core::TIValue<double>& Get(int index) override {
-        return values[static_cast<std::size_t>(index)];
-    }
+    IHostParam& Get(int index) override { return values[static_cast<std::size_t>(index)]; }
 
-    COpenValue values[2];
+    CParamInfo info;
+    COpenValue values[2] = {COpenValue(info), COpenValue(info)};
 };
 
-TEST_F(AudioPluginInternalsTest, NeverTakesANaN) {
+TEST_F(FilterHostTest, NeverTakesANaN) {
     COpenValues open;
     internals->Connect(open);
     ASSERT_TRUE(Configure());
@@ -287,14 +285,56 @@ TEST_F(AudioPluginInternalsTest, NeverTakesANaN) {
     EXPECT_EQ(At(ramp->GetAtEnd(), 0), 5.0);
 }
 
-TEST_F(AudioPluginInternalsTest, RunsWithoutInputValues) {
-    CAudioPluginInternals alone({.filter = std::make_unique<CTestMonoFilter>()});
+TEST_F(FilterHostTest, TakesValuesThatBelongTogetherAllAtOnce) {
+    ASSERT_TRUE(Configure());
+    internals->BeginChanges();
+    values->Get(1).Store(0.5);
+    EXPECT_EQ(internals->PrepareBlock(), nullptr);
+    internals->EndChanges();
+    const IConstInputRamp* ramp = internals->PrepareBlock();
+    ASSERT_NE(ramp, nullptr);
+    EXPECT_EQ(At(ramp->GetAtEnd(), 0), 0.5);
+}
+
+/// Stores other values together while the filter's thread reads this one.
+class CTearingValue : public CHostParam {
+public:
+    using CHostParam::CHostParam;
+    double GetValue() const override {
+        if (isTearing) {
+            host->BeginChanges();
+            host->EndChanges();
+        }
+        return 7.0;
+    }
+
+    CFilterHost* host = nullptr;
+    bool isTearing = true;
+};
+
+TEST_F(FilterHostTest, TakesNothingOfAReadThatAChangeCutInto) {
+    class CTearingValues : public COpenValues {
+    public:
+        IHostParam& Get(int index) override {
+            return index == 1 ? static_cast<IHostParam&>(tearing) : COpenValues::Get(index);
+        }
+        CTearingValue tearing{info};
+    } open;
+    open.tearing.host = internals.get();
+    internals->Connect(open);
+    EXPECT_EQ(internals->PrepareBlock(), nullptr);
+    open.tearing.isTearing = false;
+    ASSERT_NE(internals->PrepareBlock(), nullptr);
+}
+
+TEST_F(FilterHostTest, RunsWithoutInputValues) {
+    CFilterHost alone({.filter = std::make_unique<CTestMonoFilter>()});
     EXPECT_TRUE(alone.Configure({.applyDefaults = true}, 44100.0));
     EXPECT_EQ(alone.PrepareBlock(), nullptr);
     alone.ApplyPending();
 }
 
-TEST_F(AudioPluginInternalsTest, BringsTheFilterItsValuesWhileIdle) {
+TEST_F(FilterHostTest, BringsTheFilterItsValuesWhileIdle) {
     ASSERT_TRUE(Configure());
     TakeCalls();
     internals->ApplyPending();
@@ -307,7 +347,7 @@ TEST_F(AudioPluginInternalsTest, BringsTheFilterItsValuesWhileIdle) {
     EXPECT_EQ(At(internals->PrepareBlock()->GetAtStart(), 0), 3.0);
 }
 
-TEST_F(AudioPluginInternalsTest, PacesAFilterThatHasNoSync) {
+TEST_F(FilterHostTest, PacesAFilterThatHasNoSync) {
     mono->hasSync = false;
     internals->GetOutputDataSync().SetRefreshRate(10.0);
     ASSERT_TRUE(Configure(1000.0));
@@ -319,7 +359,7 @@ TEST_F(AudioPluginInternalsTest, PacesAFilterThatHasNoSync) {
     EXPECT_TRUE(internals->GetOutputDataSync().IsRefreshNeeded());
 }
 
-TEST_F(AudioPluginInternalsTest, LeavesThePacingToAFilterThatHasASync) {
+TEST_F(FilterHostTest, LeavesThePacingToAFilterThatHasASync) {
     ASSERT_TRUE(Configure(1000.0));
     mono->sync.SetSampleRate(1000.0);
     mono->sync.SetRefreshRate(10.0);
@@ -328,7 +368,7 @@ TEST_F(AudioPluginInternalsTest, LeavesThePacingToAFilterThatHasASync) {
     EXPECT_FALSE(internals->GetOutputDataSync().IsRefreshNeeded());
 }
 
-TEST_F(AudioPluginInternalsTest, PublishesWhatTheFilterHasMarked) {
+TEST_F(FilterHostTest, PublishesWhatTheFilterHasMarked) {
     ASSERT_TRUE(Configure());
     EXPECT_EQ(internals->GetOutputCurve(0).GetValue()->Evaluate(0.0), 0.0);
     CCounter counter;
@@ -347,7 +387,7 @@ TEST_F(AudioPluginInternalsTest, PublishesWhatTheFilterHasMarked) {
     internals->GetOutputCurve(0).Disconnect(counter.command);
 }
 
-TEST_F(AudioPluginInternalsTest, LeavesWhatIsDueToTheNextCallWhileAReaderHoldsTheLock) {
+TEST_F(FilterHostTest, LeavesWhatIsDueToTheNextCallWhileAReaderHoldsTheLock) {
     ASSERT_TRUE(Configure());
     CCounter counter;
     internals->GetOutputCurve(0).Connect(counter.command);
@@ -365,7 +405,7 @@ TEST_F(AudioPluginInternalsTest, LeavesWhatIsDueToTheNextCallWhileAReaderHoldsTh
     internals->GetOutputCurve(0).Disconnect(counter.command);
 }
 
-TEST_F(AudioPluginInternalsTest, WaitsForTheReaderWhenItMay) {
+TEST_F(FilterHostTest, WaitsForTheReaderWhenItMay) {
     ASSERT_TRUE(Configure());
     TakeCalls();
     auto reader = std::make_unique<CLockHolder>(internals->GetOutputsLock());
@@ -383,11 +423,11 @@ TEST_F(AudioPluginInternalsTest, WaitsForTheReaderWhenItMay) {
     EXPECT_EQ(TakeCalls(), "publish;");
 }
 
-TEST_F(AudioPluginInternalsTest, TellsItsListenersOutsideTheLock) {
+TEST_F(FilterHostTest, TellsItsListenersOutsideTheLock) {
     ASSERT_TRUE(Configure());
     class CReader {
     public:
-        explicit CReader(CAudioPluginInternals& plugin) : target(plugin) {}
+        explicit CReader(CFilterHost& plugin) : target(plugin) {}
         void Read() {
             std::thread([this] {
                 isFree = target.GetOutputsLock().TryLock();
@@ -397,7 +437,7 @@ TEST_F(AudioPluginInternalsTest, TellsItsListenersOutsideTheLock) {
             }).join();
         }
 
-        CAudioPluginInternals& target;
+        CFilterHost& target;
         bool isFree = false;
         Core::TCommand<CReader> command{this, &CReader::Read};
     } reader(*internals);
@@ -424,10 +464,10 @@ public:
     int published = 0;
 };
 
-TEST(AudioPluginInternalsFilterTest, NeverTakesTheLockForAFilterWithNothingToPublish) {
+TEST(FilterHostFilterTest, NeverTakesTheLockForAFilterWithNothingToPublish) {
     auto owned = std::make_unique<CSilentFilter>();
     const CSilentFilter* filter = owned.get();
-    CAudioPluginInternals internals({.filter = std::move(owned)});
+    CFilterHost internals({.filter = std::move(owned)});
     const CLockHolder reader(internals.GetOutputsLock());
     EXPECT_TRUE(internals.TransferOutputs(false));
     EXPECT_TRUE(internals.TransferOutputs(true)); // or this test would hang
@@ -435,7 +475,7 @@ TEST(AudioPluginInternalsFilterTest, NeverTakesTheLockForAFilterWithNothingToPub
     EXPECT_EQ(filter->published, 0);
 }
 
-TEST(AudioPluginInternalsProductTest, RunsTwoInstancesApart) {
+TEST(FilterHostProductTest, RunsTwoInstancesApart) {
     CTestPlugin one;
     auto two = std::make_unique<CTestPlugin>();
     ASSERT_TRUE(one.Configure(100.0, 16));
@@ -458,7 +498,7 @@ TEST(AudioPluginInternalsProductTest, RunsTwoInstancesApart) {
     EXPECT_STREQ(one.internals.GetOutputCurveInfos().Get(2).GetName(), "Waveform (2)");
 }
 
-TEST(AudioPluginInternalsProductTest, DeclaresTheParametersOfTheProduct) {
+TEST(FilterHostProductTest, DeclaresTheParametersOfTheProduct) {
     const CTestPlugin plugin;
     const IConstParamInfos& infos = plugin.internals.GetInputInfos();
     ASSERT_EQ(infos.GetCount(), static_cast<int>(CTestPlugin::kParamsCount));

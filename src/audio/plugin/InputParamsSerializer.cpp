@@ -1,0 +1,69 @@
+#include "audio/plugin/InputParamsSerializer.h"
+
+#include "serialization/ItemName.h"
+#include "serialization/Limits.h"
+
+#include <cmath>
+
+namespace Vorin::Audio::Plugin {
+
+using namespace Serialization;
+
+namespace {
+
+constexpr char kCount[] = "count";
+constexpr char kValueWord[] = "p";
+
+bool IsCountFit(const IReadDataStream& stream, int known) {
+    int count = 0;
+    if (!stream.ReadInt(kCount, count)) {
+        return !stream.Exists(kCount);
+    }
+    if (count < 0 || count > kMaximumItems) {
+        return false;
+    }
+    // Values beyond those that we know are another version's; but they have to be there.
+    for (int i = known; i < count; ++i) {
+        if (!stream.Exists(ItemName(kValueWord, i).Get())) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+bool CInputParamsSerializer::Serialize(IWriteDataStream& stream) const {
+    bool done = stream.WriteInt(kCount, params.GetCount());
+    for (int i = 0; i < params.GetCount(); ++i) {
+        done &= stream.WriteDouble(ItemName(kValueWord, i).Get(), params.Get(i).GetValue());
+    }
+    return done;
+}
+
+CInputParamsDeSerializer::CInputParamsDeSerializer(const IHostParams& currentParams) {
+    for (int i = 0; i < currentParams.GetCount(); ++i) {
+        values.push_back(currentParams.Get(i).GetValue());
+    }
+}
+
+bool CInputParamsDeSerializer::DeSerialize(const IReadDataStream& stream) {
+    if (!IsCountFit(stream, static_cast<int>(values.size()))) {
+        return false;
+    }
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const Containers::CCharString name = ItemName(kValueWord, static_cast<int>(i));
+        double value = 0.0;
+        if (stream.ReadDouble(name.Get(), value)) {
+            if (!std::isfinite(value)) {
+                return false;
+            }
+            values[i] = value;
+        } else if (stream.Exists(name.Get())) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace Vorin::Audio::Plugin
