@@ -7,5 +7,6 @@ namespace Workbench {
 /// The commands of the program. Each takes the words behind its name and does its whole work.
 COutcome RunScope(CArguments& arguments);
 COutcome RunDemo(CArguments& arguments);
+COutcome RunPreset(CArguments& arguments);
 
 } // namespace Workbench

@@ -3,8 +3,8 @@
 #include "Outcome.h"
 #include "ScopeOptions.h"
 
-#include "audio/plugin/FilterHost.h"
 #include "audio/plugin/BlockProcessor.h"
+#include "audio/plugin/FilterHost.h"
 #include "audio/plugin/HostParam.h"
 
 #include <string>

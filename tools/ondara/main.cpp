@@ -16,6 +16,7 @@ The workbench of the Ondara oscilloscope.
 
   scope   run a sound file through the oscilloscope, and write its curves or a picture
   demo    write a few seconds of sound to look at
+  preset  look into presets, and say whether they would load
 
 ondara COMMAND --help says more. Results go to the standard output or to a file, messages to the
 standard error. The exit status is 0 on success, 1 when the input is at fault, 2 on wrong usage.
@@ -29,6 +30,7 @@ struct CCommand {
 constexpr CCommand kCommands[] = {
     {"scope", RunScope},
     {"demo", RunDemo},
+    {"preset", RunPreset},
 };
 
 COutcome Run(int count, char** words) {
