@@ -1,3 +1,4 @@
+#include "files/Locale.h"
 #include "serialization/IniDataObject.h"
 #include "serialization/MemDataObject.h"
 #include "serialization/NumberText.h"
@@ -5,12 +6,9 @@
 #include "serialization/XmlDataObject.h"
 
 #include <bit>
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <limits>
 #include <memory>
 #include <random>
@@ -22,6 +20,7 @@
 namespace {
 
 using namespace Vorin::Serialization;
+using TestFiles::CLocale;
 
 /// A tree of values of all types. What it reads are the values of the keys it has.
 class CTree : public virtual ISerializable {
@@ -307,35 +306,6 @@ void ExpectRoundTrips() {
     EXPECT_EQ(NumberText::ReadDouble("0.5"), 0.5);
     EXPECT_EQ(NumberText::ReadDouble("1234.5"), 1234.5);
 }
-
-/// The process's locale for one test. One that the system lacks is made in a folder of its own.
-class CLocale {
-public:
-    explicit CLocale(const std::string& name) {
-        if (std::setlocale(LC_ALL, name.c_str())) {
-            return;
-        }
-        folder = testing::TempDir() + "locales-" + name;
-        std::filesystem::create_directories(folder);
-        const std::string language = name.substr(0, name.find('.'));
-        const std::string command =
-            "localedef -i " + language + " -f UTF-8 '" + folder + "/" + name + "' >/dev/null 2>&1";
-        std::system(command.c_str()); // its warnings make it fail where the locale is fine
-        setenv("LOCPATH", folder.c_str(), 1);
-        isThere = std::setlocale(LC_ALL, name.c_str());
-    }
-    ~CLocale() {
-        std::setlocale(LC_ALL, "C");
-        unsetenv("LOCPATH");
-        if (!folder.empty()) {
-            std::filesystem::remove_all(folder);
-        }
-    }
-    bool isThere = true;
-
-private:
-    std::string folder;
-};
 
 TEST(RoundTripTest, TreesInTheClassicLocale) { ExpectRoundTrips(); }
 

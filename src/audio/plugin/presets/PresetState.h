@@ -1,0 +1,22 @@
+#pragma once
+
+#include "audio/dsp/ParamsValues.h"
+#include "serialization/Serializable.h"
+
+namespace Vorin::Audio::Plugin {
+
+/// What a preset holds: the whole state of an instance of the plug-in, as its manager sees it.
+///
+/// Serialize and DeSerialize write and read all of it, the preset's name by the manager's WriteName
+/// and ReadName. Whoever keeps no state writes nothing, which is a success. Missing values are no
+/// failure of DeSerialize; after one it may be left half read, and the manager puts back what was.
+class IPresetState : public virtual Serialization::ISerializable {
+public:
+    /// Makes everything what it is in a fresh instance.
+    virtual void ResetToDefaults() = 0;
+
+    /// Sets the input values; those that `values` has none for go to their defaults.
+    virtual void ApplyValues(const DSP::IConstParamsValues& values) = 0;
+};
+
+} // namespace Vorin::Audio::Plugin
