@@ -86,6 +86,16 @@ TEST(FunctionsLibraryTest, NormalisedFormsKeepZeroAndOne) {
     }
 }
 
+TEST(FunctionsLibraryTest, SquaresAreThoseOfTheGeneralPower) {
+    for (double x = -1e3; x < 1e3; x += 0.37) {
+        EXPECT_DOUBLE_EQ(L::Power(x, 2.0), std::pow(x, 2.0)) << x;
+    }
+    EXPECT_EQ(L::Power(-kInfinity, 2.0), kInfinity);
+    EXPECT_EQ(L::Power(1e200, 2.0), kInfinity);
+    EXPECT_FALSE(std::signbit(L::Power(-0.0, 2.0)));
+    EXPECT_TRUE(std::isnan(L::Power(kNaN, 2.0)));
+}
+
 TEST(FunctionsLibraryTest, ArithmeticOfTwoArguments) {
     EXPECT_EQ(L::Sum(1.5, 2.0), 3.5);
     EXPECT_EQ(L::Difference(1.5, 2.0), -0.5);
