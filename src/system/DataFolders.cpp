@@ -21,7 +21,7 @@ using Containers::CCharString;
 using Path = std::filesystem::path;
 
 constexpr char kProgramLink[] = "/proc/self/exe";
-constexpr std::size_t kMostPasswordBytes = 1024 * 1024;
+constexpr std::size_t kMostPasswordBytes = 1 << 20;
 
 bool IsEmpty(const char* text) { return !text || !*text; }
 
@@ -50,7 +50,7 @@ Path HomeFromPasswords() {
 }
 
 Path UserDataFolder() {
-    const Path folder = FolderFromEnvironment("XDG_DATA_HOME");
+    Path folder = FolderFromEnvironment("XDG_DATA_HOME");
     if (!folder.empty()) {
         return folder;
     }
