@@ -140,7 +140,6 @@ bool CAudioPluginInternals::Serialize(IWriteDataStream& stream) const {
 }
 
 bool CAudioPluginInternals::RestoreState(const IReadDataStream& document) {
-    const Core::CAutoLock guard(stateLock);
     return presetsManager.ReadState(document);
 }
 
@@ -149,6 +148,7 @@ bool CAudioPluginInternals::DeSerialize(const IReadDataStream& stream) {
         return true;
     }
     const Core::CAutoLock guard(stateLock);
+    const double changedBefore = changedSincePresetLoaded.GetValue();
     midiController.ResetOutputCC();
     model.SetEnabled(false);
     if (gui) {
@@ -159,7 +159,12 @@ bool CAudioPluginInternals::DeSerialize(const IReadDataStream& stream) {
     if (gui) {
         gui->EndLoad();
     }
-    changedSincePresetLoaded.SetValue(0.0);
+    if (done) {
+        changedSincePresetLoaded.SetValue(changedBeforeRefusal.value_or(0.0));
+        changedBeforeRefusal.reset();
+    } else {
+        changedBeforeRefusal = changedBefore;
+    }
     return done;
 }
 

@@ -10,6 +10,8 @@
 #include "system/CriticalSection.h"
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace Vorin::Audio::Plugin {
 
@@ -73,6 +75,7 @@ public:
 
 private:
     // The state as the presets manager sees it; DeSerialize is its half of RestoreState.
+    Core::ILock& GetStateLock() const override { return stateLock; }
     bool DeSerialize(const Serialization::IReadDataStream& stream) override;
     void ResetToDefaults() override;
     void ApplyValues(const DSP::IConstParamsValues& values) override;
@@ -101,6 +104,8 @@ private:
 
     // One state is saved or restored at a time. The audio thread never takes it.
     mutable System::CCriticalSection stateLock;
+    // What a document that was refused leaves to be put back. Guarded by stateLock.
+    std::optional<double> changedBeforeRefusal;
     CPresetsManager presetsManager;
     std::unique_ptr<IPluginGUI> gui;
 };

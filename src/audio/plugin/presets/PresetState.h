@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/dsp/ParamsValues.h"
+#include "core/Lock.h"
 #include "serialization/Serializable.h"
 
 namespace Vorin::Audio::Plugin {
@@ -9,9 +10,14 @@ namespace Vorin::Audio::Plugin {
 ///
 /// Serialize and DeSerialize write and read all of it, the preset's name by the manager's WriteName
 /// and ReadName. Whoever keeps no state writes nothing, which is a success. Missing values are no
-/// failure of DeSerialize; after one it may be left half read, and the manager puts back what was.
+/// failure of DeSerialize; after one it may be left half read, and the next call of DeSerialize, by
+/// the manager, puts back what was.
 class IPresetState : public virtual Serialization::ISerializable {
 public:
+    /// Recursive. Held by whoever reads or writes the state as a whole, so that nobody sees half of
+    /// it.
+    virtual Core::ILock& GetStateLock() const = 0;
+
     /// Makes everything what it is in a fresh instance.
     virtual void ResetToDefaults() = 0;
 

@@ -150,6 +150,7 @@ bool CPresetsManager::LoadPreset(const char* path) {
 }
 
 bool CPresetsManager::ReadState(const Serialization::IReadDataStream& document) {
+    const CAutoLock held(state.GetStateLock());
     Serialization::CMemDataObject before;
     const CCharString nameBefore = GetCurrentPresetName();
     const bool isKept = state.Serialize(before);

@@ -6,7 +6,9 @@
 #include "files/TemporaryFolder.h"
 #include "serialization/ItemSerialization.h"
 
+#include "system/CriticalSection.h"
 #include <filesystem>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -17,6 +19,8 @@ namespace Vorin::Audio::Plugin {
 /// small. The default of both is nothing.
 class CTestState : public IPresetState {
 public:
+    Core::ILock& GetStateLock() const override { return lock; }
+
     bool Serialize(Serialization::IWriteDataStream& stream) const override {
         ++written;
         if (!isKept) {
@@ -56,6 +60,7 @@ public:
         text.Clear();
     }
 
+    mutable System::CCriticalSection lock;
     CPresetsManager* manager = nullptr;
     double number = 0.0;
     Containers::CCharString text;
