@@ -29,7 +29,13 @@ public:
 
     ~TCaptureProxyFace() override { timer->RemoveTimer(timerCommand, true); }
 
-    T GetValue() const override { return cache.Get(this->GetInfo()); }
+    T GetValue() const override {
+        if constexpr (std::is_reference_v<T>) {
+            return cache.Get(this->GetInfo());
+        } else {
+            return cache.Get();
+        }
+    }
 
     /// While paused the timer does nothing: value and gesture stand still, and what is new is shown
     /// once the pause is over. `UpdateValue` and writing work all the same.

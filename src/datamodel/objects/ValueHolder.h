@@ -15,10 +15,6 @@ class CParamFloatValueHolder {
 public:
     explicit CParamFloatValueHolder(double initial = 0.0) : value(initial) {}
 
-    template <class I>
-    double Get(const I&) const {
-        return value;
-    }
     double Get() const { return value; }
 
     /// Whether SetValue by `newValue` would be a change.
@@ -47,10 +43,6 @@ class CStringValueHolder {
 public:
     explicit CStringValueHolder(const char* initial = "") : value(initial) {}
 
-    template <class I>
-    const char* Get(const I&) const {
-        return value.Get();
-    }
     const char* Get() const { return value.Get(); }
 
     bool Differs(const char* text) const { return !(value == (text ? text : "")); }
