@@ -30,40 +30,31 @@ bool CCaptureForward::Close() {
     return true;
 }
 
-// Goes back from `held`: each round marks the gestures that lead to what the last round reached.
+// Goes back from `held`: each gesture that leads to what was reached is reached once, and queued.
 bool CCaptureForward::LeadsFrom(const Core::IConstCapture& origin,
                                 const Core::IConstCapture& held) {
-    Unmark();
-    const auto isReached = [&held](const Core::IConstCapture* object) {
-        if (object == &held) {
-            return true;
-        }
-        for (const CCaptureForward* forward = first; forward; forward = forward->next) {
-            if (forward->marked && forward->source == object) {
+    for (CCaptureForward* forward = first; forward; forward = forward->next) {
+        forward->reached = false;
+    }
+    CCaptureForward* queueHead = nullptr;
+    CCaptureForward* queueTail = nullptr;
+    for (const Core::IConstCapture* object = &held; object;) {
+        for (CCaptureForward* forward = first; forward; forward = forward->next) {
+            if (forward->target != object || forward->reached) {
+                continue;
+            }
+            if (forward->source == &origin) {
                 return true;
             }
+            forward->reached = true;
+            forward->nextReached = nullptr;
+            (queueHead ? queueTail->nextReached : queueHead) = forward;
+            queueTail = forward;
         }
-        return false;
-    };
-    for (bool grown = true; grown;) {
-        grown = false;
-        for (CCaptureForward* forward = first; forward; forward = forward->next) {
-            if (!forward->marked && isReached(forward->target)) {
-                if (forward->source == &origin) {
-                    return true;
-                }
-                forward->marked = true;
-                grown = true;
-            }
-        }
+        object = queueHead ? queueHead->source : nullptr;
+        queueHead = queueHead ? queueHead->nextReached : nullptr;
     }
     return false;
-}
-
-void CCaptureForward::Unmark() {
-    for (CCaptureForward* forward = first; forward; forward = forward->next) {
-        forward->marked = false;
-    }
 }
 
 } // namespace Vorin::DataModel

@@ -28,15 +28,16 @@ public:
     static bool LeadsFrom(const Core::IConstCapture& origin, const Core::IConstCapture& held);
 
 private:
-    static void Unmark();
-
     static constinit thread_local CCaptureForward* first;
 
     const Core::IConstCapture* source = nullptr;
     const Core::IConstCapture* target = nullptr;
     CCaptureForward* previous = nullptr;
     CCaptureForward* next = nullptr;
-    bool marked = false; // reached by the search in progress
+
+    // Of the search in progress.
+    bool reached = false;
+    CCaptureForward* nextReached = nullptr; // in the queue
 };
 
 /// The one identity of an object behind any of its interfaces.
