@@ -239,10 +239,12 @@ TEST_F(PresetsManagerTest, SavedStateComesBack) {
     MakeFolder("any");
     state.number = 0.1;
     state.text = "a < b & \"c\"\n";
-    CPresetEvents events(manager->GetPresetChangedEvent());
-    ASSERT_TRUE(Save("any/My sound.preset"));
-    EXPECT_EQ(Name(), "My sound");
-    EXPECT_EQ(events.Take(), 1);
+    {
+        CPresetEvents events(manager->GetPresetChangedEvent());
+        ASSERT_TRUE(Save("any/My sound.preset"));
+        EXPECT_EQ(Name(), "My sound");
+        EXPECT_EQ(events.Take(), 1);
+    }
     Reopen();
     CPresetEvents eventsAfter(manager->GetPresetChangedEvent());
     ASSERT_TRUE(Load("any/My sound.preset"));

@@ -5,10 +5,9 @@
 #include "files/Obstacles.h"
 #include "files/TemporaryFolder.h"
 #include "serialization/ItemSerialization.h"
-
 #include "system/CriticalSection.h"
-#include <filesystem>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
