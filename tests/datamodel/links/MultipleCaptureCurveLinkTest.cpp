@@ -104,6 +104,7 @@ TEST_F(MultipleCaptureCurveLinkTest, AFoldThatLeadsBackIntoItselfStopsGrowing) {
     const double stopped = At(0.0);
     a.SetValue(CConstantFunction(1.0));
     EXPECT_EQ(At(0.0), stopped);
+    link.Disconnect();
 }
 
 } // namespace

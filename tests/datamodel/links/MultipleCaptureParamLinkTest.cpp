@@ -72,7 +72,7 @@ TEST_F(MultipleCaptureParamLinkTest, NormalizedSourcesAreMuxedByPosition) {
     link->SetMuxFunction("max");
     link->AddSource(&wide);
     Enable();
-    EXPECT_EQ(target.GetValue(), 20.0); // 6 of 10 is more than 500 of 1000
+    EXPECT_NEAR(target.GetValue(), 20.0, 1e-9); // 6 of 10 is more than 500 of 1000
     link->SetReversed(true);
     EXPECT_NEAR(target.GetValue(), -20.0, 1e-9);
     link->Disconnect();
@@ -219,8 +219,11 @@ TEST_F(MultipleCaptureParamLinkTest, AFeedbackIsMuxedIn) {
     back.SetSource(&target);
     back.SetTarget(&c);
     back.SetEnabled(true);
-    a.SetValue(0.0); // ends by itself
-    EXPECT_EQ(c.GetValue(), target.GetValue());
+    EXPECT_EQ(c.GetValue(), 2.0); // 3, of which the mean with 1 and 2 is 2, and that once more
+    EXPECT_EQ(target.GetValue(), 2.0);
+    a.SetValue(0.0); // the mean of 0, 2 and 2 goes back, and is muxed in once
+    EXPECT_NEAR(c.GetValue(), 4.0 / 3.0, 1e-12);
+    EXPECT_NEAR(target.GetValue(), 10.0 / 9.0, 1e-12);
 }
 
 TEST_F(MultipleCaptureParamLinkTest, TheSameSourceMayCountTwice) {

@@ -78,6 +78,7 @@ TEST_F(MultipleCaptureStringLinkTest, ARowThatLeadsBackIntoItselfStopsGrowing) {
     }
     EXPECT_LE(static_cast<int>(std::strlen(target.GetValue())),
               CMultipleCaptureStringLink::kMaxLength);
+    link.Disconnect();
 }
 
 TEST_F(MultipleCaptureStringLinkTest, TheGestureIsForwarded) {
