@@ -3,16 +3,14 @@
 //
 // The program ends with one line per ratio: `ratio NAME VALUE (limit LIMIT)`.
 
+#include "bench/Ratio.h"
 #include "datamodel/controls/CurveViewer.h"
 #include "datamodel/objects/CaptureCurve.h"
 #include "math/LUTFunction.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -121,38 +119,20 @@ void UseResponse(CCurveViewer& viewer) {
 }
 BENCHMARK(BM_CurveConfigured<&UseResponse>);
 
-template <class Side>
-double TimeRounds(const Side& side) {
-    constexpr int rounds = 20; // short: a busy machine is quiet for a moment only
-    const auto begin = std::chrono::steady_clock::now();
-    for (int round = 0; round < rounds; ++round) {
-        benchmark::DoNotOptimize(side.Run());
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// The sides take turns, and the best turn of each counts: what else the machine does falls on both.
-double MeasureRatio() {
-    const CViewerSide viewer;
-    const CFunctionSide function;
-    double bestViewer = TimeRounds(viewer);
-    double bestFunction = TimeRounds(function);
-    for (int turn = 0; turn < 400; ++turn) {
-        bestViewer = std::min(bestViewer, TimeRounds(viewer));
-        bestFunction = std::min(bestFunction, TimeRounds(function));
-    }
-    return bestViewer / bestFunction;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    std::printf("ratio curve_viewer_get_value %.2f (limit 2.5)\n", MeasureRatio());
+    constexpr int rounds = 20; // short: a busy machine is quiet for a moment only
+    constexpr int turns = 400;
+    const CViewerSide viewer;
+    const CFunctionSide function;
+    Bench::PrintRatio("curve_viewer_get_value",
+                      Bench::MeasureRatio([&] { benchmark::DoNotOptimize(viewer.Run()); }, rounds,
+                                          [&] { benchmark::DoNotOptimize(function.Run()); }, rounds,
+                                          turns),
+                      2.5);
     return 0;
 }

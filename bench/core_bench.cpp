@@ -3,15 +3,13 @@
 //
 // The program ends with one line per ratio: `ratio NAME VALUE (limit LIMIT)`.
 
+#include "bench/Ratio.h"
 #include "core/EventProvider.h"
 #include "core/Value.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
-#include <cstdio>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -88,39 +86,17 @@ void BM_SetUnchangedDouble(benchmark::State& state) {
 }
 BENCHMARK(BM_SetUnchangedDouble);
 
-template <class Side>
-double TimeRounds(Side& side) {
-    constexpr int rounds = 200000;
-    const auto begin = std::chrono::steady_clock::now();
-    for (int round = 0; round < rounds; ++round) {
-        side.Run();
-        benchmark::ClobberMemory();
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// The sides take turns, and the best turn of each counts: what else the machine does falls on both.
-double MeasureRatio() {
-    CNotifySide notify;
-    CFunctionSide function;
-    double bestNotify = TimeRounds(notify);
-    double bestFunction = TimeRounds(function);
-    for (int turn = 0; turn < 15; ++turn) {
-        bestNotify = std::min(bestNotify, TimeRounds(notify));
-        bestFunction = std::min(bestFunction, TimeRounds(function));
-    }
-    return bestNotify / bestFunction;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    std::printf("ratio notify_ten_listeners %.2f (limit 1.5)\n", MeasureRatio());
+    constexpr int rounds = 200000;
+    CNotifySide notify;
+    CFunctionSide function;
+    Bench::PrintRatio(
+        "notify_ten_listeners",
+        Bench::MeasureRatio([&] { notify.Run(); }, rounds, [&] { function.Run(); }, rounds), 1.5);
     return 0;
 }

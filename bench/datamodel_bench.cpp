@@ -3,15 +3,13 @@
 // The program ends with one line: `ratio NAME VALUE (limit LIMIT)`, the time per link of the long
 // chain over that of the short one.
 
+#include "bench/Ratio.h"
 #include "datamodel/links/CaptureParamLink.h"
 #include "datamodel/objects/CaptureParam.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstddef>
-#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -64,39 +62,17 @@ void BM_Chain(benchmark::State& state) {
 }
 BENCHMARK(BM_Chain)->Arg(100)->Arg(1000);
 
-// As many links in all for a chain of any length.
-double TimePass(CChain& chain, int length) {
-    const int rounds = 200000 / length;
-    const auto begin = std::chrono::steady_clock::now();
-    for (int round = 0; round < rounds; ++round) {
-        chain.Run();
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// The chains take turns, and the best turn of each counts: what else the machine does falls on
-// both.
-double MeasureRatio() {
-    CChain shortChain(100);
-    CChain longChain(1000);
-    double bestShort = TimePass(shortChain, 100);
-    double bestLong = TimePass(longChain, 1000);
-    for (int turn = 0; turn < 15; ++turn) {
-        bestShort = std::min(bestShort, TimePass(shortChain, 100));
-        bestLong = std::min(bestLong, TimePass(longChain, 1000));
-    }
-    return bestLong / bestShort;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    std::printf("ratio link_chain_1000_to_100 %.2f (limit 2)\n", MeasureRatio());
+    CChain longChain(1000);
+    CChain shortChain(100);
+    // Ten times the links: a tenth of it is the time of a link.
+    const double ratio =
+        Bench::MeasureRatio([&] { longChain.Run(); }, 200, [&] { shortChain.Run(); }, 2000);
+    Bench::PrintRatio("link_chain_1000_to_100", ratio / 10.0, 2.0);
     return 0;
 }

@@ -8,6 +8,7 @@
 // and the best turn of each counts: what else the machine does falls on both.
 
 #include "audio/dsp/AudioStreams.h"
+#include "bench/Ratio.h"
 #include "filters/Oscilloscope.h"
 #include "tests/filters/ReferenceOscilloscope.h"
 
@@ -17,10 +18,10 @@
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace {
@@ -189,24 +190,14 @@ BENCHMARK(BM_FourCopies)->UseManualTime();
 
 constexpr int kTurns = 40;
 
-template <class Side>
-double TimeSignal(Side& side, std::vector<float>& signal, int block) {
-    const auto begin = std::chrono::steady_clock::now();
-    ProcessSignal(side, signal, block);
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
 void PrintProcessRatio(const char* name, std::vector<float> signal, int block) {
     CScopeSide scope;
     CReferenceSide reference;
-    double bestScope = std::numeric_limits<double>::max();
-    double bestReference = bestScope;
-    for (int turn = 0; turn < kTurns; ++turn) {
-        bestScope = std::min(bestScope, TimeSignal(scope, signal, block));
-        bestReference = std::min(bestReference, TimeSignal(reference, signal, block));
-    }
-    std::printf("ratio oscilloscope_%s_%d %.2f (limit 2.5)\n", name, block,
-                bestReference / bestScope);
+    const std::string label = std::string("oscilloscope_") + name + "_" + std::to_string(block);
+    Bench::PrintRatio(label.c_str(),
+                      Bench::MeasureRatio([&] { ProcessSignal(reference, signal, block); }, 1,
+                                          [&] { ProcessSignal(scope, signal, block); }, 1, kTurns),
+                      2.5);
 }
 
 void PrintUpdateRatio() {
@@ -219,18 +210,15 @@ void PrintUpdateRatio() {
         bestUpdate = std::min(bestUpdate, update.Time(rounds));
         bestCopies = std::min(bestCopies, copies.Time(rounds));
     }
-    std::printf("ratio oscilloscope_fruitless_update %.2f (limit 1)\n", bestUpdate / bestCopies);
+    Bench::PrintRatio("oscilloscope_fruitless_update", bestUpdate / bestCopies, 1.0);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
     for (const int block : {64, 512}) {
         PrintProcessRatio("noise", MakeNoise(), block);
         PrintProcessRatio("sine", MakeSine(), block);

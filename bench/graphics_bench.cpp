@@ -7,17 +7,15 @@
 #include <cairo.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
-#include <limits>
 #include <memory>
 #include <numbers>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "bench/Ratio.h"
 #include "graphics/DIBBitmap.h"
 
 namespace {
@@ -139,24 +137,10 @@ BENCHMARK(DrawCurve<CairoPicture, &CairoPicture::DrawSmooth>)->Arg(0)->Arg(1);
 BENCHMARK(DrawCurve<OwnPicture, &OwnPicture::DrawWhole>)->Arg(0)->Arg(1);
 BENCHMARK(DrawCurve<CairoPicture, &CairoPicture::DrawWhole>)->Arg(0)->Arg(1);
 
-template <class F>
-double GetSeconds(int repetitions, F draw) {
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < repetitions; ++i)
-        draw();
-    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-    return passed.count() / repetitions;
-}
-
+/// How many times as fast as Cairo we draw.
 template <class OwnDraw, class CairoDraw>
 void PrintRatio(const std::string& name, double limit, OwnDraw own, CairoDraw cairo) {
-    double ownSeconds = std::numeric_limits<double>::max();
-    double cairoSeconds = ownSeconds;
-    for (int pass = 0; pass < 15; ++pass) {
-        ownSeconds = std::min(ownSeconds, GetSeconds(20, own));
-        cairoSeconds = std::min(cairoSeconds, GetSeconds(2, cairo));
-    }
-    std::printf("ratio %s %.1f (limit %g)\n", name.c_str(), cairoSeconds / ownSeconds, limit);
+    Bench::PrintRatio(name.c_str(), Bench::MeasureRatio(cairo, 2, own, 20), limit);
 }
 
 void PrintRatios() {
@@ -175,11 +159,9 @@ void PrintRatios() {
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    }
     PrintRatios();
     return 0;
 }

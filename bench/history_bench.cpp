@@ -7,15 +7,13 @@
 //
 // Ends with one line per ratio: `ratio NAME VALUE (limit LIMIT)`. The limit is the most.
 
+#include "bench/Ratio.h"
 #include "serialization/MemDataObject.h"
 #include "tests/serialization/HistoryMemory.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <limits>
 
 namespace {
 
@@ -68,27 +66,11 @@ void BM_OneChange(benchmark::State& state) {
 BENCHMARK(BM_OneChange<CSnapshotSide>)->DenseRange(0, 2);
 BENCHMARK(BM_OneChange<CCopySide>)->DenseRange(0, 2);
 
-template <class Side>
-double TimeRounds(Side& side) {
-    constexpr int rounds = 20;
-    const auto begin = std::chrono::steady_clock::now();
-    for (int round = 0; round < rounds; ++round) {
-        side.Run();
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// The sides take turns, and the best turn of each counts: what else the machine does falls on both.
 double MeasureTimeRatio(const CBigRootShape& shape) {
+    constexpr int rounds = 20;
     CSnapshotSide snapshot(shape);
     CCopySide copy(shape);
-    double bestSnapshot = std::numeric_limits<double>::max();
-    double bestCopy = bestSnapshot;
-    for (int turn = 0; turn < 10; ++turn) {
-        bestSnapshot = std::min(bestSnapshot, TimeRounds(snapshot));
-        bestCopy = std::min(bestCopy, TimeRounds(copy));
-    }
-    return bestSnapshot / bestCopy;
+    return Bench::MeasureRatio([&] { snapshot.Run(); }, rounds, [&] { copy.Run(); }, rounds);
 }
 
 void PrintRatios(const CBigRootShape& shape) {
@@ -104,12 +86,9 @@ void PrintRatios(const CBigRootShape& shape) {
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
     for (const CBigRootShape& shape : GetBigRootShapes()) {
         PrintRatios(shape);
     }

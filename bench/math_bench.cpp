@@ -7,6 +7,7 @@
 // takes, so the limit is the most. The two sides take turns, and the best turn of each counts: what
 // else the machine does falls on both.
 
+#include "bench/Ratio.h"
 #include "math/Constant.h"
 #include "math/FunctionsCombination.h"
 #include "math/FunctionsComposition.h"
@@ -16,10 +17,7 @@
 #include <muParser.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <limits>
 #include <memory>
 
 namespace {
@@ -144,54 +142,35 @@ void BM_Swept(benchmark::State& state) {
 }
 BENCHMARK(BM_Swept)->Args({1000, 0})->Args({1000000, 0})->Args({1000, 1})->Args({1000000, 1});
 
-template <class Run>
-double TimeRounds(const Run& run) {
-    constexpr int rounds = 10;
-    const auto begin = std::chrono::steady_clock::now();
-    for (int round = 0; round < rounds; ++round) {
-        run();
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-/// The best time of `a` over the best time of `b`.
-template <class A, class B>
-double MeasureRatio(const A& a, const B& b) {
-    constexpr int turns = 40;
-    double bestOfA = std::numeric_limits<double>::max();
-    double bestOfB = bestOfA;
-    for (int turn = 0; turn < turns; ++turn) {
-        bestOfA = std::min(bestOfA, TimeRounds(a));
-        bestOfB = std::min(bestOfB, TimeRounds(b));
-    }
-    return bestOfA / bestOfB;
-}
+constexpr int kRounds = 10;
+constexpr int kTurns = 40;
 
 void PrintSweptRatio(const char* name, bool isUneven) {
     CSweptSide million(1000000, isUneven);
     CSweptSide thousand(1000, isUneven);
-    std::printf("ratio %s %.2f (limit 3)\n", name,
-                MeasureRatio([&] { Sweep(million, -million.GetSeconds(), 0.0); },
-                             [&] { Sweep(thousand, -thousand.GetSeconds(), 0.0); }));
+    Bench::PrintRatio(
+        name,
+        Bench::MeasureRatio([&] { Sweep(million, -million.GetSeconds(), 0.0); }, kRounds,
+                            [&] { Sweep(thousand, -thousand.GetSeconds(), 0.0); }, kRounds, kTurns),
+        3.0);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
     CTreeSide tree;
     CMuParserSide parser;
     CCompiledSide compiled;
     const auto runTree = [&] { Sweep(tree, -1.0, 1.0); };
-    std::printf("ratio math_tree_beside_muparser %.2f (limit 1.5)\n",
-                MeasureRatio([&] { Sweep(parser, -1.0, 1.0); }, runTree));
-    std::printf("ratio math_tree_beside_compiled %.2f (limit 4)\n",
-                MeasureRatio(runTree, [&] { Sweep(compiled, -1.0, 1.0); }));
+    const auto runParser = [&] { Sweep(parser, -1.0, 1.0); };
+    const auto runCompiled = [&] { Sweep(compiled, -1.0, 1.0); };
+    Bench::PrintRatio("math_tree_beside_muparser",
+                      Bench::MeasureRatio(runParser, kRounds, runTree, kRounds, kTurns), 1.5);
+    Bench::PrintRatio("math_tree_beside_compiled",
+                      Bench::MeasureRatio(runTree, kRounds, runCompiled, kRounds, kTurns), 4.0);
     PrintSweptRatio("swept_million_beside_thousand", false);
     PrintSweptRatio("swept_uneven_million_beside_thousand", true);
     return 0;

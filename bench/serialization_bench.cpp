@@ -1,9 +1,9 @@
 // What the data objects add to the XML library under them: a state document through them and
 // directly, and one object with many keys.
+#include "bench/Ratio.h"
 #include "serialization/XmlDataObject.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -222,48 +222,32 @@ void BM_Keys(benchmark::State& state) {
 }
 BENCHMARK(BM_Keys)->Arg(1000)->Arg(10000);
 
-template <class Side>
-double Time(Side& side, int rounds) {
-    const auto begin = std::chrono::steady_clock::now();
-    for (int round = 0; round < rounds; ++round) {
-        benchmark::DoNotOptimize(side.Run());
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// The sides take turns, and the best turn of each counts: what else the machine does falls on both.
 template <class Side, class Peer>
-double MeasureRatio(Side side, Peer peer, int rounds, int peerRounds) {
-    double best = Time(side, rounds);
-    double bestPeer = Time(peer, peerRounds);
-    for (int turn = 0; turn < 15; ++turn) {
-        best = std::min(best, Time(side, rounds));
-        bestPeer = std::min(bestPeer, Time(peer, peerRounds));
-    }
-    return best / bestPeer;
+double MeasureRatio(Side side, int rounds, Peer peer, int peerRounds) {
+    return Bench::MeasureRatio([&] { benchmark::DoNotOptimize(side.Run()); }, rounds,
+                               [&] { benchmark::DoNotOptimize(peer.Run()); }, peerRounds);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
     for (const EXmlMode mode : {kXmlAttributes, kXmlElements}) {
         if (CDataObjectSide(mode).Run() != CDirectSide(mode).Run()) {
             std::fprintf(stderr, "the two sides read different values\n");
             return 1;
         }
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    std::printf("ratio xml_state_attributes %.2f (limit 3)\n",
-                MeasureRatio(CDataObjectSide(kXmlAttributes), CDirectSide(kXmlAttributes), 10, 10));
-    std::printf("ratio xml_state_elements %.2f (limit 3)\n",
-                MeasureRatio(CDataObjectSide(kXmlElements), CDirectSide(kXmlElements), 10, 10));
-    // Ten times the keys in a tenth of the rounds: the time per key.
-    std::printf("ratio xml_keys_10000_to_1000 %.2f (limit 2)\n",
-                MeasureRatio(CKeysSide(10000), CKeysSide(1000), 1, 10));
+    if (!Bench::RunBenchmarks(argc, argv)) {
+        return 1;
+    }
+    Bench::PrintRatio(
+        "xml_state_attributes",
+        MeasureRatio(CDataObjectSide(kXmlAttributes), 10, CDirectSide(kXmlAttributes), 10), 3.0);
+    Bench::PrintRatio(
+        "xml_state_elements",
+        MeasureRatio(CDataObjectSide(kXmlElements), 10, CDirectSide(kXmlElements), 10), 3.0);
+    // Ten times the keys: a tenth of it is the time of a key.
+    Bench::PrintRatio("xml_keys_10000_to_1000",
+                      MeasureRatio(CKeysSide(10000), 1, CKeysSide(1000), 10) / 10.0, 2.0);
     return 0;
 }

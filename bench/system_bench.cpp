@@ -4,16 +4,14 @@
 //
 // The program ends with one line per ratio: `ratio NAME VALUE (limit LIMIT)`.
 
+#include "bench/Ratio.h"
 #include "system/MTEventProvider.h"
 #include "system/MessageLoop.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <condition_variable>
-#include <cstdio>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -122,42 +120,24 @@ BENCHMARK(BM_Run<CNotifySide<CMTEventProvider>>);
 BENCHMARK(BM_Run<CConditionVariableSide>)->UseRealTime();
 BENCHMARK(BM_Run<CLoopSide>)->UseRealTime();
 
-template <class Side>
-double TimeRounds(Side& side) {
-    const auto begin = std::chrono::steady_clock::now();
-    for (int round = 0; round < Side::rounds; ++round) {
-        side.Run();
-        benchmark::ClobberMemory();
-    }
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// The sides take turns, and the best turn of each counts: what else the machine does falls on both.
 template <class Measured, class Floor>
 double MeasureRatio() {
     Measured measured;
     Floor floor;
-    double bestMeasured = TimeRounds(measured);
-    double bestFloor = TimeRounds(floor);
-    for (int turn = 0; turn < 15; ++turn) {
-        bestMeasured = std::min(bestMeasured, TimeRounds(measured));
-        bestFloor = std::min(bestFloor, TimeRounds(floor));
-    }
-    return bestMeasured / bestFloor;
+    return Bench::MeasureRatio([&] { measured.Run(); }, Measured::rounds, [&] { floor.Run(); },
+                               Floor::rounds);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    std::printf("ratio locked_notify_ten_listeners %.2f (limit 3)\n",
-                MeasureRatio<CNotifySide<CMTEventProvider>, CNotifySide<CEventProvider>>());
-    std::printf("ratio message_loop_round_trip %.2f (limit 3)\n",
-                MeasureRatio<CLoopSide, CConditionVariableSide>());
+    Bench::PrintRatio("locked_notify_ten_listeners",
+                      MeasureRatio<CNotifySide<CMTEventProvider>, CNotifySide<CEventProvider>>(),
+                      3.0);
+    Bench::PrintRatio("message_loop_round_trip", MeasureRatio<CLoopSide, CConditionVariableSide>(),
+                      3.0);
     return 0;
 }
