@@ -32,10 +32,10 @@ CParamInfo MakeChangedInfo() {
 }
 
 /// The global settings of a process that has been told what the parameters are.
-IPluginDefaultSettings& Prepare(IStaticSettings& settings, const IConstParamInfos& inputs,
-                                const IConstParamInfos& outputs) {
+IStaticSettings& Prepare(IStaticSettings& settings, const IConstParamInfos& inputs,
+                         const IConstParamInfos& outputs) {
     settings.Init(inputs, outputs);
-    return settings.GetSettings();
+    return settings;
 }
 
 /// Whether a section that could not be read is damaged, rather than missing.
@@ -47,11 +47,10 @@ bool IsDamaged(const IReadDataStream& stream, const CMIDICCSettingsKeys& keys) {
 
 CAudioPluginInternals::CAudioPluginInternals(CAudioPluginConfig config,
                                              IStaticSettings& staticSettings)
-    : CFilterHost({.filter = std::move(config.filter)}), settings(staticSettings),
+    : CFilterHost({.filter = std::move(config.filter)}),
+      settings(Prepare(staticSettings, GetInputInfos(), GetFilter().GetOutputParamInfos())),
       productInfo(config.productInfo), storeState(config.storeState),
-      midiController(GetInputInfos(),
-                     Prepare(settings, GetInputInfos(), GetFilter().GetOutputParamInfos())
-                         .GetInputCCSettings(),
+      midiController(GetInputInfos(), settings.GetSettings().GetInputCCSettings(),
                      GetFilter().GetOutputParamInfos(),
                      settings.GetSettings().GetOutputCCSettings()),
       changedSincePresetLoaded(MakeChangedInfo()),
