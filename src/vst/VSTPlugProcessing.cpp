@@ -2,6 +2,7 @@
 #include "vst/VSTPlug.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -59,10 +60,11 @@ void AddChannels(float** inputs, int channels, float** outputs, int outputOffset
 }
 
 /// Whether an output lies where a later one still has to take its input from.
-bool AreCrossed(const std::vector<float*>& inputs, const std::vector<float*>& outputs) {
-    for (std::size_t i = 0; i < outputs.size(); ++i) {
-        for (std::size_t j = i + 1; j < inputs.size(); ++j) {
-            if (outputs[i] && outputs[i] == inputs[j]) {
+bool AreCrossed(float** inputs, int inputsCount, float** outputs, int outputsCount) {
+    for (int i = 0; i < outputsCount; ++i) {
+        const float* output = At(outputs, i, 0);
+        for (int j = i + 1; output && j < inputsCount; ++j) {
+            if (output == At(inputs, j, 0)) {
                 return true;
             }
         }
@@ -70,11 +72,33 @@ bool AreCrossed(const std::vector<float*>& inputs, const std::vector<float*>& ou
     return false;
 }
 
+/// Does the same frame by frame, so that channels may lie in each other's place where there is no
+/// room to set one aside. Inputs beyond `kMostCrossed` are not looked at.
+void CopyCrossedInputsToOutputs(float** inputs, int inputsCount, float** outputs, int outputsCount,
+                                int frames) {
+    constexpr int kMostCrossed = 32;
+    std::array<float, kMostCrossed> frame;
+    const int count = std::min(inputsCount, kMostCrossed);
+    for (int i = 0; i < frames; ++i) {
+        for (int channel = 0; channel < count; ++channel) {
+            const float* input = At(inputs, channel, i);
+            frame[static_cast<std::size_t>(channel)] = input ? *input : 0.0F;
+        }
+        for (int channel = 0; count > 0 && channel < outputsCount; ++channel) {
+            if (float* output = At(outputs, channel, i)) {
+                *output = frame[static_cast<std::size_t>(std::min(channel, count - 1))];
+            }
+        }
+    }
+}
+
 } // namespace
 
 void CVSTPlug::processReplacing(float** inputs, float** outputs, VstInt32 frames) {
     if (!processingLock.TryLock()) {
-        CopyInputsToOutputs(inputs, numInputs, outputs, numOutputs, frames);
+        const bool areCrossed = AreCrossed(inputs, numInputs, outputs, numOutputs);
+        (areCrossed ? CopyCrossedInputsToOutputs : CopyInputsToOutputs)(inputs, numInputs, outputs,
+                                                                        numOutputs, frames);
         return;
     }
     isProcessing.store(true, std::memory_order_relaxed);
@@ -117,7 +141,8 @@ void CVSTPlug::ProcessPiece(float** inputs, int inputOffset, float** outputs, in
 
 void CVSTPlug::PassThrough(int frames) {
     float** source = inputPointers.data();
-    if (AreCrossed(inputPointers, outputPointers)) {
+    if (AreCrossed(inputPointers.data(), static_cast<int>(inputPointers.size()),
+                   outputPointers.data(), static_cast<int>(outputPointers.size()))) {
         for (std::size_t i = 0; i < inputPointers.size(); ++i) {
             CopyChannel(inputPointers[i], scratchPointers[i], frames);
         }
