@@ -30,9 +30,12 @@ TEST_F(Usage, OfAnUnknownCommandIsWrong) {
 }
 
 TEST_F(Usage, HelpGoesToTheStandardOutput) {
-    for (const Words& words : {Words{"--help"}, Words{"-h"}, Words{"scope", "--help"},
-                               Words{"scope", "-h"}, Words{"demo", "--help"}, Words{"demo", "-h"},
-                               Words{"scope", input, "--view", "loop", "--help"}}) {
+    for (const Words& words :
+         {Words{"--help"}, Words{"-h"}, Words{"scope", "--help"}, Words{"scope", "-h"},
+          Words{"demo", "--help"}, Words{"demo", "-h"}, Words{"preset", "--help"},
+          Words{"preset", "-h"}, Words{"preset", "show", "--help"},
+          Words{"preset", "check", input, "-h"},
+          Words{"scope", input, "--view", "loop", "--help"}}) {
         SCOPED_TRACE(::testing::PrintToString(words));
         const auto before = folder.List();
         const std::string out = Run(words);
@@ -44,7 +47,7 @@ TEST_F(Usage, HelpGoesToTheStandardOutput) {
 
 TEST_F(Usage, HelpNamesTheCommandsAndTheirOptions) {
     const std::string help = Run({"--help"});
-    for (const char* word : {"scope", "demo", "--help"}) {
+    for (const char* word : {"scope", "demo", "preset", "--help"}) {
         EXPECT_NE(help.find(word), std::string::npos) << word;
     }
     const std::string scopeHelp = Run({"scope", "--help"});
@@ -56,6 +59,10 @@ TEST_F(Usage, HelpNamesTheCommandsAndTheirOptions) {
         EXPECT_NE(scopeHelp.find(option), std::string::npos) << option;
     }
     EXPECT_NE(Run({"demo", "--help"}).find("-o"), std::string::npos);
+    const std::string presetHelp = Run({"preset", "--help"});
+    for (const char* usage : {"ondara preset show FILE\n", "ondara preset check FILE...\n"}) {
+        EXPECT_NE(presetHelp.find(usage), std::string::npos) << usage;
+    }
 }
 
 TEST_F(Usage, WithoutAnInputIsWrong) {
@@ -157,6 +164,20 @@ TEST_F(Usage, OfDemoIsChecked) {
     ExpectWrong({"demo", "-o", ""}, "-o");
     ExpectWrong({"demo", Path("out.wav")}, Path("out.wav"));
     ExpectWrong({"demo", "--out", Path("out.wav")}, "--out");
+}
+
+TEST_F(Usage, OfPresetIsChecked) {
+    ExpectWrong({"preset"}, "show or check");
+    for (const char* word : {"Show", "list", "", "show.preset"}) {
+        ExpectWrong({"preset", word, input}, "show or check");
+    }
+    ExpectWrong({"preset", input}, input);
+    ExpectWrong({"preset", "show"}, "one file");
+    ExpectWrong({"preset", "show", input, input}, "one file");
+    ExpectWrong({"preset", "check"}, "files");
+    ExpectWrong({"preset", "show", input, "--all"}, "--all");
+    ExpectWrong({"preset", "check", "-v", input}, "-v");
+    ExpectWrong({"preset", "--"}, "--");
 }
 
 TEST_F(Usage, ShowsProgressOnATerminalAlone) {

@@ -2,8 +2,8 @@
 
 #include "Numbers.h"
 #include "PresetFile.h"
+#include "Printable.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace Workbench {
@@ -26,15 +26,6 @@ Looks into presets, and into states that a host has kept.
 std::string Number(double value) {
     std::string text;
     AppendNumber(text, value);
-    return text;
-}
-
-/// Texts of a file come from strangers: what would steer the terminal is not printed.
-std::string Printable(const char* source) {
-    std::string text = source;
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }, '?');
     return text;
 }
 
@@ -90,8 +81,8 @@ COutcome Show(const std::string& path) {
     if (COutcome outcome = preset.Load(path); !outcome) {
         return outcome;
     }
-    std::printf("name: %s\nversion: %d\n\nparameters:\n",
-                Printable(preset.GetName().c_str()).c_str(), preset.GetVersion());
+    std::printf("name: %s\nversion: %d\n\nparameters:\n", Printable(preset.GetName()).c_str(),
+                preset.GetVersion());
     for (int i = 0; i < preset.GetInputs().GetCount(); ++i) {
         PrintParam(preset.GetInputs().Get(i));
     }
@@ -105,8 +96,7 @@ COutcome Check(const std::vector<std::string>& paths) {
         CPresetFile preset;
         const COutcome outcome = preset.Load(path);
         refused += outcome ? 0U : 1U;
-        std::printf("%s\n",
-                    Printable((outcome ? path + ": would load" : outcome.message).c_str()).c_str());
+        std::printf("%s\n", Printable(outcome ? path + ": would load" : outcome.message).c_str());
     }
     if (refused > 0) {
         return COutcome::BadInput(std::to_string(refused) + " of " + std::to_string(paths.size()) +

@@ -1,6 +1,6 @@
 #include "Commands.h"
+#include "Printable.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -60,13 +60,6 @@ COutcome Flush() {
     return {};
 }
 
-/// A message is one line, whatever stands in the names that it quotes.
-std::string ToOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, '?');
-    return text;
-}
-
 } // namespace
 
 int main(int count, char** words) {
@@ -80,7 +73,8 @@ int main(int count, char** words) {
         outcome = COutcome::BadInput(std::string("the work cannot be done: ") + error.what());
     }
     if (!outcome) {
-        std::fprintf(stderr, "ondara: %s\n", ToOneLine(outcome.message).c_str());
+        // One line, whatever stands in the names that it quotes.
+        std::fprintf(stderr, "ondara: %s\n", Printable(outcome.message).c_str());
     }
     return outcome.exit;
 }
