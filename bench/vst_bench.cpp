@@ -3,10 +3,10 @@
 // beside the bare writing and reading of the same document; an instance beside clearing the memory
 // that it holds.
 //
-// Ends with one line per ratio: `ratio NAME VALUE (limit LIMIT)`, the limit being the most. The two
-// sides take turns, and the best turn of each counts: what else the machine does falls on both.
+// Ends with one line per ratio: `ratio NAME VALUE (limit LIMIT)`, the limit being the most.
 
 #include "audio/dsp/AudioStreams.h"
+#include "bench/Ratio.h"
 #include "filters/OndaraFilter.h"
 #include "serialization/ItemName.h"
 #include "serialization/XmlDataObject.h"
@@ -40,7 +40,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr float kRate = 48000.0F;
 constexpr int kSignalFrames = 1 << 15;
-constexpr int kTurns = 15;
 constexpr double kNever = std::numeric_limits<double>::max();
 
 VstIntPtr AnswerHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
@@ -152,17 +151,14 @@ void BM_Process(benchmark::State& state) {
 BENCHMARK(BM_Process<CPlugSide>)->Arg(64)->Arg(512);
 BENCHMARK(BM_Process<CBareSide>)->Arg(64)->Arg(512);
 
-void PrintProcessRatio(int block) {
+void PrintProcessRatio(const char* name, int block) {
     CSignal signal;
     CPlugSide plug(block);
     CBareSide bare(block);
-    double bestPlug = kNever;
-    double bestBare = kNever;
-    for (int turn = 0; turn < kTurns; ++turn) {
-        bestPlug = std::min(bestPlug, Time([&] { ProcessSignal(plug, signal, block); }));
-        bestBare = std::min(bestBare, Time([&] { ProcessSignal(bare, signal, block); }));
-    }
-    std::printf("ratio vst_process_%d %.2f (limit 1.25)\n", block, bestPlug / bestBare);
+    Bench::PrintRatio(name,
+                      Bench::MeasureRatio([&] { ProcessSignal(plug, signal, block); }, 1,
+                                          [&] { ProcessSignal(bare, signal, block); }, 1),
+                      1.25);
 }
 
 struct CBlockTimes {
@@ -242,8 +238,8 @@ void PrintSlowBlocksRatios() {
         const CChunkThread other(plug);
         TakeBest(together, TimeBlocks(plug, signal));
     }
-    std::printf("ratio vst_slow_block %.2f (limit 2)\n", alone.slow / (alone.median + update));
-    std::printf("ratio vst_slow_block_with_chunks %.2f (limit 1.5)\n", together.slow / alone.slow);
+    Bench::PrintRatio("vst_slow_block", alone.slow / (alone.median + update), 2);
+    Bench::PrintRatio("vst_slow_block_with_chunks", together.slow / alone.slow, 1.5);
 }
 
 /// The state of a fresh plug-in, written and read without the plug-in.
@@ -318,26 +314,19 @@ void PrintChunkRatios() {
     std::string chunk(static_cast<const char*>(data), static_cast<std::size_t>(size));
     Vorin::Containers::CCharString bare;
     Check(WriteBare(bare) && chunk.c_str() == std::string(bare.Get()), "another document");
-    double best[4] = {kNever, kNever, kNever, kNever};
-    const auto run = [&best](std::size_t side, auto operation) {
-        const double time = Time([&] {
-            for (int i = 0; i < rounds; ++i) {
-                Check(operation(), "a state was refused");
-            }
-        });
-        best[side] = std::min(best[side], time);
+    const auto get = [&] { Check(plug.Ask(effGetChunk, 0, 0, &data) == size, "no state"); };
+    const auto write = [] {
+        Vorin::Containers::CCharString text;
+        Check(WriteBare(text), "a document cannot be written");
     };
-    for (int turn = 0; turn < kTurns; ++turn) {
-        run(0, [&] { return plug.Ask(effGetChunk, 0, 0, &data) == size; });
-        run(1, [&] {
-            Vorin::Containers::CCharString text;
-            return WriteBare(text);
-        });
-        run(2, [&] { return plug.Ask(effSetChunk, 0, size, chunk.data()) == 1; });
-        run(3, [&] { return ReadBare(chunk.data(), static_cast<int>(size) - 1); });
-    }
-    std::printf("ratio vst_get_chunk %.2f (limit 2)\n", best[0] / best[1]);
-    std::printf("ratio vst_set_chunk %.2f (limit 2)\n", best[2] / best[3]);
+    Bench::PrintRatio("vst_get_chunk", Bench::MeasureRatio(get, rounds, write, rounds), 2);
+    const auto set = [&] {
+        Check(plug.Ask(effSetChunk, 0, size, chunk.data()) == 1, "a state was refused");
+    };
+    const auto read = [&] {
+        Check(ReadBare(chunk.data(), static_cast<int>(size) - 1), "a document was refused");
+    };
+    Bench::PrintRatio("vst_set_chunk", Bench::MeasureRatio(set, rounds, read, rounds), 2);
 }
 
 std::size_t GetBytesInUse() {
@@ -350,16 +339,12 @@ void PrintCreationRatio() {
     auto first = std::make_unique<CPlugSide>(512);
     std::vector<char> memory(GetBytesInUse() - before);
     first.reset();
-    double bestPlug = kNever;
-    double bestClear = kNever;
-    for (int turn = 0; turn < 10 * kTurns; ++turn) {
-        bestPlug = std::min(bestPlug, Time([] { const CPlugSide plug(512); }));
-        bestClear = std::min(bestClear, Time([&memory] {
-                                 std::memset(memory.data(), 0, memory.size());
-                                 benchmark::DoNotOptimize(memory.data());
-                             }));
-    }
-    std::printf("ratio vst_creation %.2f (limit 20)\n", bestPlug / bestClear);
+    const auto create = [] { const CPlugSide plug(512); };
+    const auto clear = [&memory] {
+        std::memset(memory.data(), 0, memory.size());
+        benchmark::DoNotOptimize(memory.data());
+    };
+    Bench::PrintRatio("vst_creation", Bench::MeasureRatio(create, 10, clear, 10), 20);
 }
 
 /// The presets and settings of whoever runs this are left alone.
@@ -386,14 +371,11 @@ private:
 
 int main(int argc, char** argv) {
     const CEmptyHome home;
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (!Bench::RunBenchmarks(argc, argv)) {
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    PrintProcessRatio(64);
-    PrintProcessRatio(512);
+    PrintProcessRatio("vst_process_64", 64);
+    PrintProcessRatio("vst_process_512", 512);
     PrintSlowBlocksRatios();
     PrintChunkRatios();
     PrintCreationRatio();

@@ -288,7 +288,10 @@ bool CVSTPlug::setBypass(bool on) {
     return true;
 }
 
-VstInt32 CVSTPlug::getGetTailSize() { return internals.GetFilter().GetTailSamples(); }
+VstInt32 CVSTPlug::getGetTailSize() {
+    const CAutoLock guard(processingLock); // it goes by the rate
+    return internals.GetFilter().GetTailSamples();
+}
 
 bool CVSTPlug::getEffectName(CHostText& text) {
     text.Set(internals.GetProductInfo().GetEffectName());

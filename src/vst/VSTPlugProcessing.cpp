@@ -72,8 +72,8 @@ bool AreCrossed(float** inputs, int inputsCount, float** outputs, int outputsCou
     return false;
 }
 
-/// Does the same frame by frame, so that channels may lie in each other's place where there is no
-/// room to set one aside. Inputs beyond `kMostCrossed` are not looked at.
+/// As CopyInputsToOutputs, but frame by frame, so that channels may lie in each other's place where
+/// there is no room to set one aside. Inputs beyond `kMostCrossed` are not looked at.
 void CopyCrossedInputsToOutputs(float** inputs, int inputsCount, float** outputs, int outputsCount,
                                 int frames) {
     constexpr int kMostCrossed = 32;

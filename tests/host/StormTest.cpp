@@ -64,6 +64,7 @@ void RunParameters(CInstance& plugin, unsigned seed, Clock::time_point end) {
         ASSERT_TRUE(value >= 0.0F && value <= 1.0F);
         plugin.Text(effGetParamDisplay, index, 24);
         plugin.Text(effGetParamName, index, 24);
+        plugin.Ask(effGetTailSize);
     }
 }
 
