@@ -218,9 +218,9 @@ void CAudioPluginInternals::StoreInputs(const std::vector<double>& values) {
 }
 
 std::vector<double> CAudioPluginInternals::GetDefaults() const {
-    std::vector<double> defaults;
-    for (int i = 0; i < GetInputInfos().GetCount(); ++i) {
-        defaults.push_back(GetInputInfos().Get(i).GetDefault());
+    std::vector<double> defaults(static_cast<std::size_t>(GetInputInfos().GetCount()));
+    for (std::size_t i = 0; i < defaults.size(); ++i) {
+        defaults[i] = GetInputInfos().Get(static_cast<int>(i)).GetDefault();
     }
     return defaults;
 }

@@ -11,7 +11,6 @@
 
 namespace Vorin::DataModel::Controls {
 
-using Objects::EParamType;
 using Objects::IConstParamInfo;
 
 namespace {

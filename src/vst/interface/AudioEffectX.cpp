@@ -365,7 +365,7 @@ bool AudioEffectX::getHostProductString(CHostText& text) {
 
 bool AudioEffectX::GetHostText(VstInt32 opcode, CHostText& text) {
     // Four times what the interface promises: hosts have been seen to write more than they may.
-    std::array<char, 4 * kVstMaxVendorStrLen> written{};
+    std::array<char, std::size_t{4} * kVstMaxVendorStrLen> written{};
     const bool has = CallHost(opcode, 0, 0, written.data()) != 0;
     written.back() = '\0';
     text.Set(has ? written.data() : nullptr);
