@@ -78,8 +78,10 @@ void CFilterHost::GetIOChannels(int& inputs, int& outputs) const {
     }
 }
 
+bool CFilterHost::IsSampleRate(double hz) { return hz > 0.0 && hz < kMaxSampleRate; }
+
 bool CFilterHost::Configure(const CFilterConfig& config, double newSampleRate) {
-    if (!(newSampleRate > 0.0 && newSampleRate < kMaxSampleRate)) {
+    if (!IsSampleRate(newSampleRate)) {
         return false;
     }
     sampleRate.SetValue(newSampleRate);
@@ -146,6 +148,8 @@ bool CFilterHost::TakeInputValues() {
             ramp.SetParam(index, taken[i]);
             filterChanges[i].Notify();
             changed = true;
+        } else {
+            filterChanges[i].NotifyIfKept();
         }
     }
     return changed;

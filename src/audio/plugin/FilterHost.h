@@ -7,7 +7,9 @@
 #include "audio/plugin/InputParamsRamp.h"
 #include "audio/plugin/MTOutput.h"
 #include "core/Value.h"
+#include "system/MTEventProvider.h"
 #include "system/PollingLock.h"
+#include "system/RealtimeEventProvider.h"
 
 #include <atomic>
 #include <memory>
@@ -65,9 +67,12 @@ public:
     /// The largest channel counts among the filter's configurations. [any]
     void GetIOChannels(int& inputs, int& outputs) const;
 
+    /// Whether Configure takes the rate: a positive number below 2^22 Hz. [any]
+    static bool IsSampleRate(double hz);
+
     /// Makes the filter ready for a rate and a block size, with the values as they are now, and
-    /// runs a first publication. False, with nothing changed, for a rate that is not a positive
-    /// number below 2^22 Hz. Allocates. [any, idle]
+    /// runs a first publication. False, with nothing changed, for what is no sample rate.
+    /// Allocates. [any, idle]
     [[nodiscard]] bool Configure(const DSP::CFilterConfig& config, double newSampleRate);
 
     /// The sample rate in Hz, 0 before the first Configure, with its change event.
@@ -99,7 +104,7 @@ public:
     }
 
     /// Fires when the filter gets a new value of its input parameter `index`, on the thread that
-    /// brings it.
+    /// brings it; where that may not wait, with a later block. See CRealtimeEventProvider.
     Core::IEventProvider& GetFilterChange(int index) {
         return filterChanges[static_cast<std::size_t>(index)];
     }
@@ -132,9 +137,9 @@ private:
     std::vector<double> taken; // the input values as they were read for this block
     DSP::CFilterBypassManager bypassManager;
     CInputParamsRamp ramp;
-    std::vector<Core::CEventProvider> filterChanges;
+    std::vector<System::CRealtimeEventProvider> filterChanges;
     DSP::COutputDataSync fallbackSync;
-    Core::TValue<double> sampleRate;
+    Core::TValue<double, System::CMTEventProvider> sampleRate;
 
     // Guarded by outputsLock.
     System::CPollingLock outputsLock;

@@ -2,7 +2,7 @@
 
 #include "core/EventProvider.h"
 #include "core/Lock.h"
-#include "system/CriticalSection.h"
+#include "system/PollingLock.h"
 
 namespace Vorin::Audio::Plugin {
 
@@ -53,7 +53,7 @@ public:
 private:
     const T* value = nullptr;
     bool marked = false;
-    System::CCriticalSection lock;
+    System::CPollingLock lock; // giving it back never wakes anybody, which would be a system call
     Core::CEventProvider changed;
 };
 

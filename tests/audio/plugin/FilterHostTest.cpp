@@ -7,9 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <limits>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace Vorin::Audio::Plugin {
@@ -242,6 +244,48 @@ TEST_F(FilterHostTest, TellsOfEachValueThatTheFilterGets) {
     EXPECT_EQ(offset.count, 1);
     internals->GetFilterChange(0).Disconnect(gain.command);
     internals->GetFilterChange(1).Disconnect(offset.command);
+}
+
+/// A command whose end takes until it may go on.
+class CSlowToDie : public Core::ICommand {
+public:
+    explicit CSlowToDie(std::atomic<int>& deathPhase) : phase(deathPhase) {}
+    CSlowToDie(const CSlowToDie&) = delete;
+    CSlowToDie& operator=(const CSlowToDie&) = delete;
+    ~CSlowToDie() override {
+        phase = 1;
+        phase.notify_all();
+        phase.wait(1);
+    }
+    void Execute() override {}
+
+private:
+    std::atomic<int>& phase;
+};
+
+TEST_F(FilterHostTest, TellsWithALaterBlockWhereAnotherThreadDisconnectsJustNow) {
+    ASSERT_TRUE(Configure());
+    CCounter gain;
+    internals->GetFilterChange(0).Connect(gain.command);
+    std::atomic<int> phase{0};
+    std::thread other([&] {
+        Core::ICommand* command = new CSlowToDie(phase);
+        internals->GetFilterChange(0).Connect(command);
+        internals->GetFilterChange(0).Disconnect(command, true);
+    });
+    phase.wait(0);
+    Set(kGain, 3.0);
+    EXPECT_NE(internals->PrepareBlock(), nullptr); // which does not wait
+    internals->FinishRamp();
+    EXPECT_EQ(gain.count, 0);
+    phase = 2;
+    phase.notify_all();
+    other.join();
+    EXPECT_EQ(internals->PrepareBlock(), nullptr);
+    EXPECT_EQ(gain.count, 1);
+    EXPECT_EQ(internals->PrepareBlock(), nullptr);
+    EXPECT_EQ(gain.count, 1);
+    internals->GetFilterChange(0).Disconnect(gain.command);
 }
 
 TEST_F(FilterHostTest, KeepsBypassFromTheFilter) {
