@@ -101,7 +101,7 @@ void CVSTPlug::Configure() {
                                     .blockSize = configuredFrames,
                                     .mode = 1,
                                     .configuration = std::max(found, kDefaultConfiguration)};
-    // A rate that cannot be run leaves the filter at the one before.
+    // There is no rate here that cannot be run: see setSampleRate.
     static_cast<void>(internals.Configure(config, static_cast<double>(sampleRate)));
     filterOutputs = internals.GetFilter().GetIOConfiguration().GetOutputInfos().GetCount();
     setInitialDelay(internals.GetFilter().GetLatency());
@@ -116,6 +116,7 @@ void CVSTPlug::suspend() {
     for (int i = 0; i < outputParams.GetCount(); ++i) {
         outputParams.Get(i).Release();
     }
+    internals.TellKept();
 }
 
 void CVSTPlug::resume() {
@@ -125,10 +126,14 @@ void CVSTPlug::resume() {
         Configure();
         isProcessing = false;
     }
+    internals.TellKept();
     AudioEffectX::resume();
 }
 
 void CVSTPlug::setSampleRate(float hz) {
+    if (!CFilterHost::IsSampleRate(static_cast<double>(hz))) {
+        return; // it goes on at the one before, with whatever else the host sets
+    }
     const CAutoLock guard(processingLock);
     AudioEffectX::setSampleRate(hz);
 }
@@ -224,6 +229,7 @@ bool CVSTPlug::getProgramNameIndexed(VstInt32, VstInt32 index, CHostText& text) 
 }
 
 VstInt32 CVSTPlug::getChunk(void** data, bool) {
+    internals.TellKept(); // what listens may belong to the state
     Serialization::CXmlDataObject document(kChunkRoot, Serialization::kXmlAttributes);
     CCharString text;
     if (!internals.Serialize(document) || !document.SaveString(text)) {

@@ -270,6 +270,24 @@ TEST_F(VSTPlugTest, ResumeSetsTheFilterUpForTheHost) {
     EXPECT_EQ(Record().initialDelay, 55);
 }
 
+TEST_F(VSTPlugTest, ARateThatCannotBeRunHoldsNothingElseBack) {
+    filter.channels.AddConfiguration(DSP::CIOConfiguration(1, 1));
+    Make();
+    Start(48000.0F, 64);
+    plug->setSampleRate(1e7F);
+    plug->setBlockSize(4096);
+    filter.Take();
+    plug->resume();
+    EXPECT_NE(filter.Take().find("init 48000 4096 1 -1;"), std::string::npos);
+    EXPECT_EQ(plug->getSampleRate(), 48000.0F);
+    plug->setSampleRate(3e38F);
+    VstSpeakerArrangement mono{};
+    mono.type = kSpeakerArrMono;
+    mono.numChannels = 1;
+    EXPECT_TRUE(plug->setSpeakerArrangement(&mono, &mono));
+    EXPECT_NE(filter.Take().find("init 48000 4096 1 0;"), std::string::npos);
+}
+
 TEST_F(VSTPlugTest, TheFirstConfigurationThatFitsAnArrangementIsTaken) {
     filter.channels.AddConfiguration(DSP::CIOConfiguration(1, 2));
     filter.channels.AddConfiguration(DSP::CIOConfiguration(1, 1));

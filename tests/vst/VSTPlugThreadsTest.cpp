@@ -3,6 +3,7 @@
 #include "vst/VSTTestKit.h"
 
 #include <atomic>
+#include <functional>
 #include <thread>
 
 namespace VorinExt::VSTPlugin::Testing {
@@ -136,6 +137,66 @@ TEST_F(VSTPlugThreadsTest, AudioPassesToTheBitWhileThePlugIsSetUpAnew) {
     record.phase = 3;
     record.phase.notify_all();
     other.join();
+}
+
+/// Listens to a setting, and holds the thread that tells it in each of the first two calls.
+class CHoldingListener {
+public:
+    explicit CHoldingListener(Plugin::IMIDICCSetting& heardSetting) : setting(heardSetting) {
+        setting.GetChangedEvent().Connect(command);
+    }
+    CHoldingListener(const CHoldingListener&) = delete;
+    CHoldingListener& operator=(const CHoldingListener&) = delete;
+    ~CHoldingListener() { setting.GetChangedEvent().Disconnect(command); }
+
+    void WaitForCall(int call) {
+        for (int now = calls; now < call; now = calls) {
+            calls.wait(now);
+        }
+    }
+    void LetGoOn(int call) {
+        released = call;
+        released.notify_all();
+    }
+    int GetCalls() const { return calls; }
+
+private:
+    void OnChanged() {
+        const int call = ++calls;
+        calls.notify_all();
+        for (int now = released; call <= 2 && now < call; now = released) {
+            released.wait(now);
+        }
+    }
+
+    Plugin::IMIDICCSetting& setting;
+    std::atomic<int> calls{0};
+    std::atomic<int> released{0};
+    Core::TCommand<CHoldingListener> command{this, &CHoldingListener::OnChanged};
+};
+
+TEST_F(VSTPlugThreadsTest, WhatCouldNotBeToldAtTheTimeIsToldWhenTheHostCallsNext) {
+    Plugin::IMIDICCSetting& setting = settings.GetSettings().GetInputCCSettings().Get(1);
+    const std::function<void()> hostCalls[] = {[&] { plug->suspend(); }, [&] { plug->resume(); },
+                                               [&] {
+                                                   void* data = nullptr;
+                                                   plug->getChunk(&data, false);
+                                               }};
+    int number = 1;
+    for (const auto& callOfTheHost : hostCalls) {
+        CHoldingListener listener(setting);
+        std::thread other([&, first = number++] { setting.SetNumber(first); });
+        listener.WaitForCall(1);
+        setting.SetNumber(number++); // the other thread still tells this one
+        listener.LetGoOn(1);
+        listener.WaitForCall(2);
+        setting.SetNumber(number++); // but not this one
+        listener.LetGoOn(2);
+        other.join();
+        EXPECT_EQ(listener.GetCalls(), 2);
+        callOfTheHost();
+        EXPECT_EQ(listener.GetCalls(), 3);
+    }
 }
 
 } // namespace
