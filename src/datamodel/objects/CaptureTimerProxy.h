@@ -109,7 +109,10 @@ public:
             const T stored = this->GetValue();
             target.Visit([&stored](auto& object) { object.SetValue(stored); });
             wasDirty = this->TakeDirty();
-            NoteOtherValue(stored);
+            // A listener of the target may have disconnected: then it is not read again.
+            if (this->IsConnected()) {
+                NoteOtherValue(stored);
+            }
         }
         if (differs || wasDirty) {
             this->NotifyValueChanged();

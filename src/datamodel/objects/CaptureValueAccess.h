@@ -92,11 +92,14 @@ public:
         if (!given.Differs(this->GetValue())) {
             return;
         }
-        this->SetTold(given.Get(), static_cast<bool>(write));
-        if (write) {
-            write(given.Get());
+        // A listener may disconnect: neither the function nor who tells may change meanwhile.
+        const Write writer = write;
+        const bool isToldByTarget = writer && this->HasTargetEvents();
+        this->SetTold(given.Get(), static_cast<bool>(writer));
+        if (writer) {
+            writer(given.Get());
         }
-        if (!write || !this->HasTargetEvents()) {
+        if (!isToldByTarget) {
             this->NotifyValueChanged();
         }
     }

@@ -266,6 +266,19 @@ TEST_F(CaptureTimerProxyTest, DisconnectLetsGoOfTheTargetAndTheDestructorOfTheTi
     EXPECT_EQ(timer.timers.size(), 1u);
 }
 
+TEST_F(CaptureTimerProxyTest, DisconnectedByAListenerOfItsWriteItReadsTheTargetNoMore) {
+    const CListener listener(target.GetValueChangedEvents(), [this] {
+        proxy.Disconnect();
+        target.SetValue(7.0);
+    });
+    proxy.SetValue(5.0);
+    EXPECT_EQ(target.GetValue(), 7.0);
+    EXPECT_EQ(log.Take(), "value ");
+    Tick();
+    EXPECT_EQ(log.Take(), "");
+    EXPECT_EQ(proxy.GetValue(), 5.0);
+}
+
 TEST_F(CaptureTimerProxyTest, ADestroyedProxyIsUnknownToItsTarget) {
     { const CConstCaptureParamTimerProxy shown(target, &timer); }
     target.SetValue(9.0);

@@ -219,6 +219,20 @@ TEST_F(CaptureValueWrapperTest, DisconnectLetsGoOfTheTarget) {
     enabled.Disconnect();
 }
 
+TEST_F(CaptureValueWrapperTest, AListenerMayDisconnectAndIsToldOnce) {
+    TCaptureValueWrapper enabled(enable, &IEnable::IsEnabled, &IEnable::SetEnabled,
+                                 &IEnable::GetEnableEvents, switchInfo);
+    int told = 0;
+    const CListener listener(enabled.GetValueChangedEvents(), [&enabled, &told] {
+        ++told;
+        enabled.Disconnect();
+    });
+    enabled.SetValue(0.0);
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(enable.IsEnabled());
+    EXPECT_EQ(enabled.GetValue(), 0.0);
+}
+
 TEST_F(CaptureValueWrapperTest, TheDestructorDisconnects) {
     {
         const TCaptureValueWrapper enabled(enable, &IEnable::IsEnabled, &IEnable::SetEnabled,
