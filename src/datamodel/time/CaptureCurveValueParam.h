@@ -20,7 +20,8 @@ public:
     /// Null lets go of the curve; the info stays.
     void SetCurve(IConstCaptureCurve* newCurve) {
         curve.Set(newCurve);
-        FollowInfo(newCurve ? &newCurve->GetInfo().GetYInfo() : nullptr);
+        // What was set may have gone by now: a listener of its gesture may disconnect.
+        FollowInfo(curve.Get() ? &curve.Get()->GetInfo().GetYInfo() : nullptr);
     }
 
     void SetXParam(IConstCaptureParam* newXParam) { xParam.Set(newXParam); }

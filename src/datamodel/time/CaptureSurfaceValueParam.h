@@ -21,7 +21,8 @@ public:
     /// Null lets go of the surface; the info stays.
     void SetSurface(IConstCaptureSurface* newSurface) {
         surface.Set(newSurface);
-        FollowInfo(newSurface ? &newSurface->GetInfo().GetZInfo() : nullptr);
+        // What was set may have gone by now: a listener of its gesture may disconnect.
+        FollowInfo(surface.Get() ? &surface.Get()->GetInfo().GetZInfo() : nullptr);
     }
 
     void SetXParam(IConstCaptureParam* newXParam) { xParam.Set(newXParam); }

@@ -224,6 +224,18 @@ TEST_F(CaptureCurveValueParamTest, EndsMayGoBeforeItOnceItLetGoOfThem) {
     EXPECT_EQ(param->GetValue(), 2.0);
 }
 
+TEST_F(CaptureCurveValueParamTest, AListenerOfTheGestureMayDisconnectItWhileACurveIsSet) {
+    curve.Capture();
+    Core::TCommand<CCaptureCurveValueParam> disconnect(param.get(),
+                                                       &CCaptureCurveValueParam::Disconnect);
+    param->GetCaptureEvents().Connect(disconnect);
+    param->SetCurve(&curve);
+    param->GetCaptureEvents().Disconnect(disconnect);
+    EXPECT_FALSE(param->IsCaptured());
+    curve.GetInfo().GetYInfo().SetMax(32.0); // nobody listens any more
+    EXPECT_EQ(std::as_const(*param).GetInfo().GetMax(), 0.0);
+}
+
 TEST_F(CaptureCurveValueParamTest, NotANumberGoesThrough) {
     CAnyParam odd;
     param->SetCurve(&curve);

@@ -138,6 +138,18 @@ TEST_F(CaptureSurfaceValueParamTest, TheDestructorLetsGoOfAllEnds) {
     x.Capture();
 }
 
+TEST_F(CaptureSurfaceValueParamTest, AListenerOfTheGestureMayDisconnectItWhileASurfaceIsSet) {
+    surface.Capture();
+    Core::TCommand<CCaptureSurfaceValueParam> disconnect(param.get(),
+                                                         &CCaptureSurfaceValueParam::Disconnect);
+    param->GetCaptureEvents().Connect(disconnect);
+    param->SetSurface(&surface);
+    param->GetCaptureEvents().Disconnect(disconnect);
+    EXPECT_FALSE(param->IsCaptured());
+    surface.GetInfo().GetZInfo().SetMax(32.0); // nobody listens any more
+    EXPECT_EQ(std::as_const(*param).GetInfo().GetMax(), 0.0);
+}
+
 TEST_F(CaptureSurfaceValueParamTest, NotANumberGoesThrough) {
     CAnyParam odd;
     Connect();
