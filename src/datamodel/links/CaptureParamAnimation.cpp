@@ -124,7 +124,9 @@ double CCaptureParamAnimation::GetCoveredNow() const {
     if (!running) {
         return covered;
     }
-    return durationMs > 0.0 ? covered + stopWatch.GetMilliseconds() / durationMs : 1.0;
+    const double now = covered + stopWatch.GetMilliseconds() / durationMs;
+    // A duration next to nothing passes more runs than a double counts: the end, like none at all.
+    return durationMs > 0.0 && std::isfinite(now) ? now : 1.0;
 }
 
 void CCaptureParamAnimation::Start() {
@@ -162,11 +164,13 @@ void CCaptureParamAnimation::OnTimer() {
         position -= std::floor(position);
     }
     const double passed = reversed ? 1.0 - position : position;
-    Store(info.GetMin() + (info.GetMax() - info.GetMin()) * passed);
+    // Clamped for what rounding adds at the ends, and for a range that is too wide to go through.
+    Store(ClampToRange(info.GetMin() + (info.GetMax() - info.GetMin()) * passed, info));
 }
 
 void CCaptureParamAnimation::OnTargetChanged() {
-    if (!updating && IsChange(target->GetValue(), value)) {
+    // A listener of the info may have disconnected while Connect was at it.
+    if (target && !updating && IsChange(target->GetValue(), value)) {
         value = target->GetValue();
         NotifyValueChanged();
     }

@@ -244,6 +244,34 @@ TEST_F(CaptureParamAnimationTest, DisablingItFromItsOwnTickIsAllowed) {
     EXPECT_NEAR(After(100), 11.0, 1e-9);
 }
 
+TEST_F(CaptureParamAnimationTest, ADurationNextToNothingGivesNumbers) {
+    animation->SetDuration(std::numeric_limits<double>::denorm_min());
+    animation->SetEnabled(true);
+    EXPECT_EQ(After(10), 10.0); // at the end of one run, and so the beginning of the next
+    EXPECT_EQ(After(10), 10.0);
+    animation->SetPaused(true);
+    animation->SetDuration(100.0);
+    animation->SetPaused(false);
+    EXPECT_NEAR(After(30), 13.0, 1e-9); // nothing of it is left
+}
+
+TEST_F(CaptureParamAnimationTest, ARangeWithoutEndsGivesNumbers) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    param.GetInfo().SetMin(-kInfinity);
+    param.GetInfo().SetMax(kInfinity);
+    animation->SetEnabled(true);
+    EXPECT_EQ(After(10), kInfinity); // NaN, which a parameter takes for its maximum
+}
+
+TEST_F(CaptureParamAnimationTest, AListenerOfTheInfoMayDisconnectItWhileItConnects) {
+    CTestParam other(0, 5, 3);
+    const CReaction reaction(animation->GetInfo().GetInfoChangedEvents(),
+                             [this] { animation->Disconnect(); });
+    animation->Connect(other);
+    other.SetValue(4.0);
+    EXPECT_EQ(animation->GetValue(), 12.0);
+}
+
 TEST_F(CaptureParamAnimationTest, DeathStopsTheTimerAndLetsGo) {
     auto second = std::make_unique<CCaptureParamAnimation>(&time.timers, time.clock);
     second->SetDuration(100.0);
