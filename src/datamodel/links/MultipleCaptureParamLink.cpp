@@ -4,7 +4,15 @@ namespace Vorin::DataModel::Objects {
 
 void CMultipleCaptureParamLink::SetMuxFunction(const char* word) {
     muxFunction = FindMuxFunction(word);
+    OnMappingChanged();
     PassNow();
+}
+
+// Disconnected sources are not read: enabling takes them anew.
+void CMultipleCaptureParamLink::OnMappingChanged() {
+    if (IsEnabled()) {
+        Resync();
+    }
 }
 
 void CMultipleCaptureParamLink::SetTriggerRange(double min, double max) {

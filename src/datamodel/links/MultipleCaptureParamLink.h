@@ -15,7 +15,8 @@ namespace Vorin::DataModel::Objects {
 class CMultipleCaptureParamLink
     : public TParamLink<TMultipleCaptureObjectLink<IConstCaptureParam, ICaptureParam>> {
 public:
-    /// A word of FindMuxFunction. A change of it while the link runs writes the target.
+    /// A word of FindMuxFunction. A change of it while the link runs writes the target, unless the
+    /// link is differential: no source has moved.
     void SetMuxFunction(const char* word);
 
     /// The link passes nothing on while what the mux function gives lies below `min` or above
@@ -25,6 +26,7 @@ public:
 protected:
     void OnSourceChanged() override;
     void Resync() override { lastSourceValue = GetMuxed(); }
+    void OnMappingChanged() override;
 
 private:
     double GetMuxed();

@@ -69,6 +69,7 @@ public:
     void SetNormalized(bool normalize) {
         if (normalize != normalized) {
             normalized = normalize;
+            OnMappingChanged();
             this->PassNow();
         }
     }
@@ -79,6 +80,10 @@ public:
     void SetDifferential(bool differences) { differential = differences; }
 
 protected:
+    /// What a source's value is mapped to has changed. A class that keeps mapped values takes them
+    /// anew, for there was no move from the old ones.
+    virtual void OnMappingChanged() {}
+
     /// The next value of `written`, the target, for a source that went from `last` to `mapped`.
     /// Deliberately not tested for NaN: a parameter clamps whatever a function gives to its range.
     template <class T>

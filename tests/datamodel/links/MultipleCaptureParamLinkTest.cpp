@@ -87,6 +87,19 @@ TEST_F(MultipleCaptureParamLinkTest, ADifferentialLinkAddsTheMoveOfTheMux) {
     EXPECT_NEAR(target.GetValue(), 51.0, 1e-12);
 }
 
+TEST_F(MultipleCaptureParamLinkTest, ADifferentialLinkTakesAChangeOfItsWayForNoMove) {
+    Enable(); // the mean is 3
+    link->SetDifferential(true);
+    link->SetMuxFunction("max");
+    EXPECT_EQ(target.GetValue(), 3.0);
+    a.SetValue(8.0); // the max goes from 6 to 8
+    EXPECT_EQ(target.GetValue(), 5.0);
+    link->SetNormalized(true);
+    EXPECT_EQ(target.GetValue(), 5.0);
+    a.SetValue(9.0); // from position 0.8 to 0.9, of 200
+    EXPECT_NEAR(target.GetValue(), 25.0, 1e-9);
+}
+
 TEST_F(MultipleCaptureParamLinkTest, WithoutSourcesNothingIsWritten) {
     target.SetValue(5.0);
     link->SetTarget(&target);
