@@ -78,8 +78,8 @@ public:
     virtual double GetMaxPosition(bool clamp) const = 0;
 
     /// A value without a position, as NaN is, gives 0 when clamped and else NaN, or a step. In an
-    /// empty range, or one wider than a double tells, every value is at position 0 and every
-    /// position means min.
+    /// empty range, or one wider than a double tells, every value is at position 0 (reversed, at 1)
+    /// and every position means min.
     virtual double ValueToPosition(bool clamp, double value) const = 0;
 
     /// Not clamped: a position outside 0 to 1 may give a value outside the range. A value of the
