@@ -39,19 +39,4 @@ void CVSTParamAdapter::SetValue(double newValue) {
     }
 }
 
-void CVSTParamAdapter::Capture() {
-    if (!IsCaptured()) {
-        effect.beginEdit(hostIndex);
-    }
-    CHostParam::Capture();
-}
-
-void CVSTParamAdapter::Release() {
-    const bool wasCaptured = IsCaptured();
-    CHostParam::Release();
-    if (wasCaptured) {
-        effect.endEdit(hostIndex);
-    }
-}
-
 } // namespace VorinExt::VSTPlugin

@@ -23,9 +23,11 @@ public:
 
     /// Tells the host: as automation while the parameter is held, else as a plain change.
     void SetValue(double newValue) override;
+
+protected:
     /// Opens and closes the host's gesture.
-    void Capture() override;
-    void Release() override;
+    void OnCaptured() override { effect.beginEdit(hostIndex); }
+    void OnReleased() override { effect.endEdit(hostIndex); }
 
 private:
     AudioEffectX& effect;

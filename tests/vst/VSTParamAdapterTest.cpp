@@ -135,6 +135,39 @@ TEST_F(VSTParamAdapterTest, AGestureIsOpenedAndClosedOnce) {
     EXPECT_EQ(Take(), "captured;released;");
 }
 
+/// Looks at the parameter from within the host's brackets of a gesture.
+class CGestureEffect : public AudioEffectX {
+public:
+    explicit CGestureEffect(std::string& eventsText)
+        : AudioEffectX(&CFakeHost::Callback, 1, 10), events(eventsText) {}
+    void processReplacing(float**, float**, VstInt32) override {}
+    bool beginEdit(VstInt32) override { return Note("begin"); }
+    bool endEdit(VstInt32) override { return Note("end"); }
+
+    const CVSTParamAdapter* adapter = nullptr;
+
+private:
+    bool Note(const char* what) {
+        events += std::string(what) + (adapter->IsCaptured() ? " held;" : " free;");
+        return true;
+    }
+
+    std::string& events;
+};
+
+TEST_F(VSTParamAdapterTest, TheHostHearsOfAGestureBeforeTheListenersAndSeesItsState) {
+    CGestureEffect gestures(events);
+    CVSTParamAdapter other(MakeParam("Other"), gestures, 0, 0);
+    gestures.adapter = &other;
+    other.GetCaptureEvents().Connect(captured);
+    other.GetReleaseEvents().Connect(released);
+    other.Capture();
+    other.Release();
+    EXPECT_EQ(Take(), "begin held;captured;end free;released;");
+    other.GetCaptureEvents().Disconnect(captured);
+    other.GetReleaseEvents().Disconnect(released);
+}
+
 TEST_F(VSTParamAdapterTest, AnEmptyRangeStandsAtZero) {
     CVSTParamAdapter fixed(MakeParam("Fixed", "", 3.0, 3.0, 3.0), effect, 0, 0);
     EXPECT_EQ(fixed.GetNormalised(), 0.0F);

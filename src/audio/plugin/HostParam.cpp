@@ -31,12 +31,14 @@ void CHostParam::SetValue(double newValue) {
 
 void CHostParam::Capture() {
     if (!captured.exchange(true)) {
+        OnCaptured();
         captureEvents.Notify();
     }
 }
 
 void CHostParam::Release() {
     if (captured.exchange(false)) {
+        OnReleased();
         releaseEvents.Notify();
     }
 }

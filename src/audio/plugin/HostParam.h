@@ -54,6 +54,12 @@ public:
     void NotifyChanged() override { valueChanged.Notify(); }
     void TellKept() override;
 
+protected:
+    /// A gesture has begun, or ended, of which the listeners are told next: once for each, whatever
+    /// threads capture and release at once. [any, audio]
+    virtual void OnCaptured() {}
+    virtual void OnReleased() {}
+
 private:
     const DataModel::Objects::CParamInfo info;
     std::atomic<double> value;
