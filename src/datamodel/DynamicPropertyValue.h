@@ -25,4 +25,16 @@ public:
     IDynamicPropertyValue* Clone() const override { return new CEmptyDynamicPropertyValue; }
 };
 
+/// Interface identifier, for Runtime::CObjectsFactory. It is part of the file format.
+inline constexpr char kDynamicPropertyInterface[] = "{3D7F0B52-61C4-4E0B-9A86-2B1C5D90E7A4}";
+
 } // namespace Vorin::DataModel::Objects
+
+namespace Vorin::Serialization {
+
+template <>
+struct TInterfaceIdentifier<DataModel::Objects::IDynamicPropertyValue> {
+    static constexpr const char* kValue = DataModel::Objects::kDynamicPropertyInterface;
+};
+
+} // namespace Vorin::Serialization

@@ -14,8 +14,7 @@ AEffect* Create(audioMasterCallback master) {
         return nullptr;
     }
     auto config = CreateProductConfig();
-    if (!config.filter ||
-        Vorin::Audio::Plugin::CFilterHost::WhyUnusable(*config.filter) != nullptr) {
+    if (!config.filter) {
         return nullptr;
     }
     auto plug = std::make_unique<CVSTPlug>(master, std::move(config), GetStaticSettings());

@@ -1,5 +1,6 @@
 #include "audio/plugin/AudioPluginInternals.h"
 
+#include "audio/plugin/InputObjectsSerializer.h"
 #include "audio/plugin/InputParamsSerializer.h"
 #include "datamodel/EnumToText.h"
 #include "serialization/MemDataObject.h"
@@ -13,9 +14,15 @@ using namespace Serialization;
 namespace {
 
 constexpr int kVersion = 3;
+constexpr int kFirstVersionWithObjects = 3;
+constexpr char kVersionKey[] = "version";
 constexpr CMIDICCSettingsKeys kInputKeys{"MIDIInputDefault", "MIDIInputSettings", "setting"};
 constexpr CMIDICCSettingsKeys kOutputKeys{"MIDIOutputDefault", "MIDIOutputSettings", "setting"};
 constexpr char kInputParams[] = "inputParams";
+constexpr char kInputStrings[] = "inputStrings";
+constexpr char kInputCurves[] = "inputCurves";
+constexpr char kInputSurfaces[] = "inputSurfaces";
+constexpr char kInputProperties[] = "inputCustomProperties";
 constexpr char kModel[] = "model";
 constexpr char kGUI[] = "GUI";
 
@@ -43,6 +50,40 @@ bool IsDamaged(const IReadDataStream& stream, const CMIDICCSettingsKeys& keys) {
     return stream.Exists(keys.useDefaults) && stream.Exists(keys.settings);
 }
 
+/// A group that a filter has nothing of is not written.
+template <class S, class Group>
+bool WriteGroup(IWriteDataStream& stream, const char* key, const Group& group) {
+    return group.GetCount() == 0 || stream.WriteObject(key, S(group));
+}
+
+/// Reads a group of inputs into `items`. One that is missing keeps the current values, or goes to
+/// the defaults where `isExpected`; false for one that is there and is not fit.
+template <class D, class Group, class Items>
+bool ReadGroup(const IReadDataStream& stream, const char* key, const Group& group, bool isExpected,
+               Items& items) {
+    D reader(group);
+    if (stream.ReadObject(key, reader)) {
+        items = std::move(reader.GetItems());
+        return true;
+    }
+    if (stream.Exists(key)) {
+        return false;
+    }
+    for (int i = 0; isExpected && i < group.GetCount(); ++i) {
+        items.push_back(group.Get(i).MakeDefault());
+    }
+    return true;
+}
+
+using CCurvesSerializer = TInputObjectsSerializer<Math::IFunction, IConstCurveInfo>;
+using CCurvesDeSerializer = TInputObjectsDeSerializer<Math::IFunction, IConstCurveInfo>;
+using CSurfacesSerializer = TInputObjectsSerializer<Math::IBinaryFunction, IConstSurfaceInfo>;
+using CSurfacesDeSerializer = TInputObjectsDeSerializer<Math::IBinaryFunction, IConstSurfaceInfo>;
+using CPropertiesSerializer =
+    TInputObjectsSerializer<IDynamicPropertyValue, IConstCustomPropertyInfo>;
+using CPropertiesDeSerializer =
+    TInputObjectsDeSerializer<IDynamicPropertyValue, IConstCustomPropertyInfo>;
+
 } // namespace
 
 CAudioPluginInternals::CAudioPluginInternals(CAudioPluginConfig config,
@@ -57,6 +98,8 @@ CAudioPluginInternals::CAudioPluginInternals(CAudioPluginConfig config,
       presetsManager(*this, GetFilter().GetLegacyPresets(), settings.GetPaths()),
       gui(std::move(config.gui)) {
     GetOutputDataSync().SetRefreshRate(settings.GetSettings().GetOutputRefreshRate());
+    GetInputObjects().ForEach(
+        [this](auto& input) { input.GetValueChangedEvents().Connect(inputChanged); });
     if (gui) {
         gui->SetPresetsManager(presetsManager);
     }
@@ -64,6 +107,8 @@ CAudioPluginInternals::CAudioPluginInternals(CAudioPluginConfig config,
 
 CAudioPluginInternals::~CAudioPluginInternals() {
     gui.reset(); // it may still look at everything else
+    GetInputObjects().ForEach(
+        [this](auto& input) { input.GetValueChangedEvents().Disconnect(inputChanged); });
     Disconnect();
 }
 
@@ -124,17 +169,27 @@ bool CAudioPluginInternals::Serialize(IWriteDataStream& stream) const {
         return true;
     }
     const Core::CAutoLock guard(stateLock);
-    bool done = stream.WriteInt("version", kVersion);
+    bool done = stream.WriteInt(kVersionKey, kVersion);
     done &= presetsManager.WriteName(stream);
     done &= midiController.WriteInputSettings(stream, kInputKeys);
     done &= midiController.WriteOutputSettings(stream, kOutputKeys);
     if (inputParams) {
         done &= stream.WriteObject(kInputParams, CInputParamsSerializer(*inputParams));
     }
+    done &= WriteInputObjects(stream);
     done &= stream.WriteObject(kModel, model);
     if (gui) {
         done &= stream.WriteObject(kGUI, *gui);
     }
+    return done;
+}
+
+bool CAudioPluginInternals::WriteInputObjects(IWriteDataStream& stream) const {
+    const CInputObjects& objects = GetInputObjects();
+    bool done = WriteGroup<CInputStringsSerializer>(stream, kInputStrings, objects.GetStrings());
+    done &= WriteGroup<CCurvesSerializer>(stream, kInputCurves, objects.GetCurves());
+    done &= WriteGroup<CSurfacesSerializer>(stream, kInputSurfaces, objects.GetSurfaces());
+    done &= WriteGroup<CPropertiesSerializer>(stream, kInputProperties, objects.GetProperties());
     return done;
 }
 
@@ -148,6 +203,9 @@ bool CAudioPluginInternals::DeSerialize(const IReadDataStream& stream) {
     }
     const Core::CAutoLock guard(stateLock);
     const double changedBefore = changedSincePresetLoaded.GetValue();
+    // The very objects: one that cannot be made from a document has to be put back, too.
+    const std::vector<double> valuesBefore = GetValues();
+    const CSharedInputs objectsBefore = GetInputObjects().GetItems();
     midiController.ResetOutputCC();
     model.SetEnabled(false);
     if (gui) {
@@ -162,6 +220,7 @@ bool CAudioPluginInternals::DeSerialize(const IReadDataStream& stream) {
         changedSincePresetLoaded.SetValue(changedBeforeRefusal.value_or(0.0));
         changedBeforeRefusal.reset();
     } else {
+        StoreInputs(valuesBefore, objectsBefore);
         changedBeforeRefusal = changedBefore;
     }
     return done;
@@ -178,7 +237,6 @@ bool CAudioPluginInternals::ReadSections(const IReadDataStream& stream) {
     if (!ReadInputs(stream)) {
         return false;
     }
-    // No filter that can be run here has input strings, curves, surfaces or custom properties.
     if (!stream.ReadObject(kModel, model) && stream.Exists(kModel)) {
         return false;
     }
@@ -186,35 +244,72 @@ bool CAudioPluginInternals::ReadSections(const IReadDataStream& stream) {
 }
 
 bool CAudioPluginInternals::ReadInputs(const IReadDataStream& stream) {
+    std::vector<double> values;
+    CSharedInputs objects;
+    if (!ReadInputParams(stream, values) || !ReadInputObjects(stream, objects)) {
+        return false;
+    }
+    StoreInputs(values, std::move(objects));
+    return true;
+}
+
+bool CAudioPluginInternals::ReadInputParams(const IReadDataStream& stream,
+                                            std::vector<double>& values) const {
     if (!inputParams) {
         return true;
     }
     CInputParamsDeSerializer reader(*inputParams);
     if (stream.ReadObject(kInputParams, reader)) {
-        StoreInputs(reader.GetValues());
+        values = reader.GetValues();
         return true;
     }
     if (stream.Exists(kInputParams)) {
         return false;
     }
     if (!stream.IsTolerant()) {
-        StoreInputs(GetDefaults());
+        values = GetDefaults();
     }
     return true;
 }
 
-void CAudioPluginInternals::StoreInputs(const std::vector<double>& values) {
+bool CAudioPluginInternals::ReadInputObjects(const IReadDataStream& stream,
+                                             CSharedInputs& objects) const {
+    int version = 0;
+    const bool isExpected = stream.ReadInt(kVersionKey, version) &&
+                            version >= kFirstVersionWithObjects && !stream.IsTolerant();
+    const CInputObjects& inputs = GetInputObjects();
+    return ReadGroup<CInputStringsDeSerializer>(stream, kInputStrings, inputs.GetStrings(),
+                                                isExpected, objects.strings.items) &&
+           ReadGroup<CCurvesDeSerializer>(stream, kInputCurves, inputs.GetCurves(), isExpected,
+                                          objects.curves.items) &&
+           ReadGroup<CSurfacesDeSerializer>(stream, kInputSurfaces, inputs.GetSurfaces(),
+                                            isExpected, objects.surfaces.items) &&
+           ReadGroup<CPropertiesDeSerializer>(stream, kInputProperties, inputs.GetProperties(),
+                                              isExpected, objects.properties.items);
+}
+
+void CAudioPluginInternals::StoreInputs(const std::vector<double>& values, CSharedInputs objects) {
     std::vector<bool> isChanged(values.size());
     BeginChanges();
     for (std::size_t i = 0; i < values.size(); ++i) {
         isChanged[i] = inputParams->Get(static_cast<int>(i)).Store(values[i]);
     }
+    GetInputObjects().Store(objects);
     EndChanges();
     for (std::size_t i = 0; i < values.size(); ++i) {
         if (isChanged[i]) {
             inputParams->Get(static_cast<int>(i)).NotifyChanged();
         }
     }
+    GetInputObjects().NotifyChanged(objects);
+}
+
+std::vector<double> CAudioPluginInternals::GetValues() const {
+    std::vector<double> values;
+    for (int i = 0; inputParams && i < inputParams->GetCount(); ++i) {
+        values.push_back(inputParams->Get(i).GetValue());
+    }
+    return values;
 }
 
 std::vector<double> CAudioPluginInternals::GetDefaults() const {
@@ -227,7 +322,9 @@ std::vector<double> CAudioPluginInternals::GetDefaults() const {
 
 void CAudioPluginInternals::ResetToDefaults() {
     // What an empty document stands for, but for the name, which the manager gives.
-    DeSerialize(CMemDataObject());
+    CMemDataObject empty;
+    empty.WriteInt(kVersionKey, kVersion);
+    DeSerialize(empty);
     midiController.GetInputDefaultFlag().SetValue(true);
     midiController.GetOutputDefaultFlag().SetValue(true);
 }
@@ -242,7 +339,7 @@ void CAudioPluginInternals::ApplyValues(const IConstParamsValues& values) {
         all[i] = values.GetValue(static_cast<int>(i) - 1);
     }
     const Core::CAutoLock guard(stateLock);
-    StoreInputs(all);
+    StoreInputs(all, {});
     changedSincePresetLoaded.SetValue(0.0);
 }
 
@@ -252,6 +349,7 @@ void CAudioPluginInternals::TellKept() {
     midiController.NotifyIfKept();
     settings.GetSettings().NotifyIfKept();
     changedSincePresetLoaded.TellKept();
+    GetInputObjects().TellKept();
     for (int i = 0; inputParams && i < inputParams->GetCount(); ++i) {
         inputParams->Get(i).TellKept();
     }

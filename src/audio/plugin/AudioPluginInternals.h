@@ -84,7 +84,14 @@ private:
 
     bool ReadSections(const Serialization::IReadDataStream& stream);
     bool ReadInputs(const Serialization::IReadDataStream& stream);
-    void StoreInputs(const std::vector<double>& values);
+    bool ReadInputParams(const Serialization::IReadDataStream& stream,
+                         std::vector<double>& values) const;
+    bool ReadInputObjects(const Serialization::IReadDataStream& stream,
+                          CSharedInputs& objects) const;
+    bool WriteInputObjects(Serialization::IWriteDataStream& stream) const;
+    /// Takes the parameters, all or none, and the objects that are there.
+    void StoreInputs(const std::vector<double>& values, CSharedInputs objects);
+    std::vector<double> GetValues() const;
     std::vector<double> GetDefaults() const;
     void OnInputChanged();
 

@@ -44,21 +44,13 @@ std::size_t MarkOf(const char* text) { return text ? std::hash<std::string_view>
 
 } // namespace
 
-const char* CFilterHost::WhyUnusable(const IFilter& filter) {
-    if (filter.GetInputStringInfos().GetCount() > 0 || filter.GetInputCurveInfos().GetCount() > 0 ||
-        filter.GetInputSurfaceInfos().GetCount() > 0 ||
-        filter.GetInputPropertyInfos().GetCount() > 0) {
-        return "the filter takes inputs other than audio and parameters, which nothing provides";
-    }
-    return nullptr;
-}
-
 CFilterHost::CFilterHost(CConfig config)
     : filter(std::move(config.filter)), inputInfos(ownInfos, filter->GetInputParamInfos()),
+      inputObjects(*filter),
       filterChanges(static_cast<std::size_t>(filter->GetInputParamInfos().GetCount())) {
     ownInfos.Add(CParamInfo(kParamBoolean, "Bypass", "", "", new CEnumToText("Off;On"), nullptr,
                             0.0, 1.0, 0.0));
-    ramp.Init(*filter);
+    ramp.Init(*filter, inputObjects);
     CreateOutputs(mtOutputStrings, filter->GetOutputStringInfos().GetCount());
     textMarks.resize(mtOutputStrings.size());
     CreateOutputs(mtOutputCurves, filter->GetOutputCurveInfos().GetCount());
@@ -86,24 +78,29 @@ bool CFilterHost::Configure(const CFilterConfig& config, double newSampleRate) {
     }
     sampleRate.SetValue(newSampleRate);
     fallbackSync.SetSampleRate(newSampleRate);
-    if (config.applyDefaults && inputValues) {
-        for (int i = 0; i < inputValues->GetCount(); ++i) {
+    if (config.applyDefaults) {
+        for (int i = 0; inputValues && i < inputValues->GetCount(); ++i) {
             inputValues->Get(i).SetValue(inputInfos.Get(i).GetDefault());
         }
+        inputObjects.SetDefaults();
     }
+    inputObjects.SetSampleRate(newSampleRate);
     filter->Init({false, config.blockSize, config.mode, config.configuration}, newSampleRate);
     int inputs = 0;
     int outputs = 0;
     GetIOChannels(inputs, outputs);
     bypassManager.Init(*filter, inputs, outputs, config.blockSize, newSampleRate);
     bypassManager.SetRampTime(kBypassRampMilliseconds);
-    ApplyPending();
+    // Its own defaults may be gone by now: what it refers to from here on is ours.
+    BringInputValues(TakeInputValues() || !inputObjects.IsEmpty());
     filter->UpdateOutputs();
     return TransferOutputs(true);
 }
 
-void CFilterHost::ApplyPending() {
-    if (TakeInputValues()) {
+void CFilterHost::ApplyPending() { BringInputValues(TakeInputValues()); }
+
+void CFilterHost::BringInputValues(bool isChanged) {
+    if (isChanged) {
         filter->SetInputParams(ramp.GetAtEnd());
     }
     FinishRamp();
@@ -123,7 +120,7 @@ void CFilterHost::Disconnect() {
 
 const IConstInputRamp* CFilterHost::PrepareBlock() { return TakeInputValues() ? &ramp : nullptr; }
 
-bool CFilterHost::ReadInputValues() {
+bool CFilterHost::TakeInputValues() {
     const unsigned before = changes.load(std::memory_order_acquire);
     if (before % 2 != 0) {
         return false;
@@ -131,14 +128,19 @@ bool CFilterHost::ReadInputValues() {
     for (std::size_t i = 0; i < taken.size(); ++i) {
         taken[i] = inputValues->Get(kFirstFilterParam + static_cast<int>(i)).GetValue();
     }
-    // A value that was stored together with others meanwhile is seen together with this count.
-    return changes.load(std::memory_order_acquire) == before;
-}
-
-bool CFilterHost::TakeInputValues() {
-    if (!inputValues || !ReadInputValues()) {
+    const bool hasAll = inputObjects.IsEmpty() || inputObjects.Take();
+    // A value that was stored together with others meanwhile is seen together with this count. Of
+    // values that were stored together before, the first block takes all or none.
+    if (changes.load(std::memory_order_acquire) != before || (!hasAll && before != takenChanges)) {
+        inputObjects.GiveBack();
         return false;
     }
+    takenChanges = before;
+    const bool isParamChanged = TakeInputParams();
+    return (!inputObjects.IsEmpty() && inputObjects.Commit(ramp.GetShared())) || isParamChanged;
+}
+
+bool CFilterHost::TakeInputParams() {
     bool changed = false;
     for (std::size_t i = 0; i < taken.size(); ++i) {
         const int index = static_cast<int>(i);

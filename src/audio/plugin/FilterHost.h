@@ -4,6 +4,7 @@
 #include "audio/dsp/Filter.h"
 #include "audio/dsp/Mux.h"
 #include "audio/plugin/HostParam.h"
+#include "audio/plugin/InputObjects.h"
 #include "audio/plugin/InputParamsRamp.h"
 #include "audio/plugin/MTOutput.h"
 #include "core/Value.h"
@@ -28,19 +29,17 @@ namespace Vorin::Audio::Plugin {
 ///      FinishRamp, and the outputs as GetOutputDataSync asks for them. CBlockProcessor does this.
 ///
 /// Parameters cross by plain reads of whole doubles at the head of a block: one that is read a
-/// block late is harmless. Values that belong together are stored between BeginChanges and
-/// EndChanges, and the filter gets all of them at once. Outputs cross under the outputs lock, which
-/// the audio thread only ever tries.
+/// block late is harmless. Texts, curves, surfaces and custom properties cross as counted
+/// references, each under a lock of its own, which the audio thread only ever tries: one that it
+/// cannot have just now is due at the next block. Values that belong together are stored between
+/// BeginChanges and EndChanges, and the filter gets all of them at once. Outputs cross under the
+/// outputs lock, which the audio thread only ever tries, too.
 class CFilterHost {
 public:
     struct CConfig {
         std::unique_ptr<DSP::IFilter> filter; ///< not null
         double defaultRefreshRate = 50.0;     ///< of the outputs, in Hz
     };
-
-    /// Null when the filter can be run here, otherwise the reason: input strings, curves, surfaces
-    /// and custom properties have no objects to come from.
-    static const char* WhyUnusable(const DSP::IFilter& filter);
 
     explicit CFilterHost(CConfig config);
     CFilterHost(const CFilterHost&) = delete;
@@ -54,7 +53,12 @@ public:
         return filter->GetOutputCurveInfos();
     }
 
-    /// Takes the objects that hold the input values, one per info; they are borrowed. [any, idle]
+    /// The inputs that are no parameters: they hold their values themselves. [any]
+    CInputObjects& GetInputObjects() { return inputObjects; }
+    const CInputObjects& GetInputObjects() const { return inputObjects; }
+
+    /// Takes the objects that hold the input parameters, one per info; they are borrowed.
+    /// [any, idle]
     void Connect(IHostParams& values);
     /// Lets go of them again. [any, idle]
     void Disconnect();
@@ -117,8 +121,9 @@ private:
     template <class T>
     using Outputs = std::vector<std::unique_ptr<TMTOutput<T>>>;
 
-    bool ReadInputValues();
     bool TakeInputValues();
+    bool TakeInputParams();
+    void BringInputValues(bool isChanged);
     void Publish();
     void NotifyReaders();
 
@@ -131,10 +136,12 @@ private:
     DSP::TConstVectorMux<DataModel::Objects::IConstParamInfo> inputInfos;
     IHostParams* inputValues = nullptr;
 
+    CInputObjects inputObjects;
     std::atomic<unsigned> changes{0}; // odd while values are being stored together
 
     // The audio side.
     std::vector<double> taken; // the input values as they were read for this block
+    unsigned takenChanges = 0; // the count of changes that the filter has got all values of
     DSP::CFilterBypassManager bypassManager;
     CInputParamsRamp ramp;
     std::vector<System::CRealtimeEventProvider> filterChanges;

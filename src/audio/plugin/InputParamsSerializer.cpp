@@ -1,7 +1,7 @@
 #include "audio/plugin/InputParamsSerializer.h"
 
+#include "audio/plugin/CountedItems.h"
 #include "serialization/ItemName.h"
-#include "serialization/Limits.h"
 
 #include <cmath>
 
@@ -13,23 +13,6 @@ namespace {
 
 constexpr char kCount[] = "count";
 constexpr char kValueWord[] = "p";
-
-bool IsCountFit(const IReadDataStream& stream, int known) {
-    int count = 0;
-    if (!stream.ReadInt(kCount, count)) {
-        return !stream.Exists(kCount);
-    }
-    if (count < 0 || count > kMaximumItems) {
-        return false;
-    }
-    // Values beyond those that we know are another version's; but they have to be there.
-    for (int i = known; i < count; ++i) {
-        if (!stream.Exists(ItemName(kValueWord, i).Get())) {
-            return false;
-        }
-    }
-    return true;
-}
 
 } // namespace
 
@@ -48,7 +31,7 @@ CInputParamsDeSerializer::CInputParamsDeSerializer(const IHostParams& currentPar
 }
 
 bool CInputParamsDeSerializer::DeSerialize(const IReadDataStream& stream) {
-    if (!IsCountFit(stream, static_cast<int>(values.size()))) {
+    if (!IsCountFit(stream, kCount, kValueWord, static_cast<int>(values.size()))) {
         return false;
     }
     for (std::size_t i = 0; i < values.size(); ++i) {

@@ -86,20 +86,17 @@ TEST_F(FilterHostTest, SetsTheRefreshRateOfTheFilter) {
     EXPECT_EQ(&internals->GetOutputDataSync(), static_cast<IOutputDataSync*>(&mono->sync));
 }
 
-/// A filter of several configurations, that takes a string besides.
+/// A filter of several configurations.
 class CManyWaysFilter : public CTestMonoFilter {
 public:
     CManyWaysFilter() {
         info.AddConfiguration(CIOConfiguration(1, 6));
         info.AddConfiguration(CIOConfiguration(4, 1));
-        strings.Add(CStringInfo("Text", ""));
-        SetInputStringInfos(strings);
     }
     const IProcessInfo& GetIOConfigurations() const override { return info; }
 
 private:
     CProcessInfo info{2, 2};
-    CoreUtilities::TDynamicCollection<CStringInfo, IConstStringInfo> strings;
 };
 
 TEST(FilterHostFilterTest, CountsTheMostChannelsOfAllConfigurations) {
@@ -109,12 +106,6 @@ TEST(FilterHostFilterTest, CountsTheMostChannelsOfAllConfigurations) {
     internals.GetIOChannels(inputs, outputs);
     EXPECT_EQ(inputs, 4);
     EXPECT_EQ(outputs, 6);
-}
-
-TEST(FilterHostFilterTest, SaysWhyAFilterCannotBeRun) {
-    EXPECT_NE(CFilterHost::WhyUnusable(CManyWaysFilter()), nullptr);
-    EXPECT_EQ(CFilterHost::WhyUnusable(CTestMonoFilter()), nullptr);
-    EXPECT_EQ(CFilterHost::WhyUnusable(*PluginsFilters::CreateOndaraFilter()), nullptr);
 }
 
 TEST_F(FilterHostTest, InitsTheFilterAndPublishesOnceWhenItIsConfigured) {

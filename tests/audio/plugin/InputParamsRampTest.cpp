@@ -9,7 +9,10 @@ namespace {
 
 class InputParamsRampTest : public ::testing::Test {
 protected:
-    InputParamsRampTest() { ramp.Init(DSP::CTestMonoFilter()); }
+    InputParamsRampTest() {
+        const DSP::CTestMonoFilter filter;
+        ramp.Init(filter, CInputObjects(filter));
+    }
 
     double AtStart(int index) const {
         return ramp.GetAtStart().GetVariation(0).GetInputParams().GetValue(index);
