@@ -26,6 +26,11 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wnon-vir
 # a fused multiply-add rounds once where the algorithm rounds twice.
 add_compile_options(-ffp-contract=off)
 
+# A symbol that is unique in the process would keep the plug-in from being unloaded.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_compile_options(-fno-gnu-unique)
+endif()
+
 if(ONDARA_WERROR)
   add_compile_options(-Werror)
 endif()

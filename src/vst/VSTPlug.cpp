@@ -251,7 +251,7 @@ VstInt32 CVSTPlug::setChunk(void* data, VstInt32 byteSize, bool) {
     text = text.substr(0, text.find_last_not_of('\0') + 1);
     Serialization::CXmlDataObject document(kChunkRoot, Serialization::kXmlAttributes);
     if (!document.Parse(text.data(), static_cast<int>(text.size())) ||
-        !internals.RestoreState(document)) {
+        !internals.DeSerialize(document)) {
         return 0;
     }
     ApplyChangesWhenIdle();

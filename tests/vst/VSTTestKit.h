@@ -205,7 +205,7 @@ struct CFakeGUIRecord {
     Core::C2DSize size{640, 480};
     int state = 1;          ///< that is saved and restored
     bool isWritable = true; ///< false: its state cannot be saved
-    bool isReadable = true; ///< false: refuses a state, with half of it taken
+    bool isReadable = true; ///< false: refuses the next state
     Core::CEventProvider sizeChanged;
     Plugin::IPresetsManager* presets = nullptr;
     std::string calls;
@@ -232,7 +232,7 @@ public:
     }
     bool DeSerialize(const Serialization::IReadDataStream& stream) override {
         record.calls += "read;";
-        return stream.ReadInt("state", record.state) && std::exchange(record.isReadable, true);
+        return std::exchange(record.isReadable, true) && stream.ReadInt("state", record.state);
     }
 
 private:

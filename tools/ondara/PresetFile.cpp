@@ -56,7 +56,7 @@ COutcome CPresetFile::Load(const std::string& path) {
                                          "with the root \"Preset\" and no document type, no more "
                                          "than 64 elements deep");
     }
-    if (!internals.RestoreState(document)) {
+    if (!internals.DeSerialize(document)) {
         return COutcome::BadInput(path + ": holds a value that no preset can have, such as a "
                                          "parameter that is no number, or counts more items than "
                                          "there are");

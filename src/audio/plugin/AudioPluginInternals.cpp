@@ -193,64 +193,52 @@ bool CAudioPluginInternals::WriteInputObjects(IWriteDataStream& stream) const {
     return done;
 }
 
-bool CAudioPluginInternals::RestoreState(const IReadDataStream& document) {
-    return presetsManager.ReadState(document);
-}
-
 bool CAudioPluginInternals::DeSerialize(const IReadDataStream& stream) {
-    if (!storeState) {
-        return true;
-    }
+    return !storeState || Restore(stream);
+}
+
+bool CAudioPluginInternals::Restore(const IReadDataStream& stream) {
     const Core::CAutoLock guard(stateLock);
-    const double changedBefore = changedSincePresetLoaded.GetValue();
-    // The very objects: one that cannot be made from a document has to be put back, too.
-    const std::vector<double> valuesBefore = GetValues();
-    const CSharedInputs objectsBefore = GetInputObjects().GetItems();
-    midiController.ResetOutputCC();
-    model.SetEnabled(false);
-    if (gui) {
-        gui->BeginLoad();
-    }
-    const bool done = ReadSections(stream);
-    model.SetEnabled(true);
-    if (gui) {
-        gui->EndLoad();
-    }
-    if (done) {
-        changedSincePresetLoaded.SetValue(changedBeforeRefusal.value_or(0.0));
-        changedBeforeRefusal.reset();
-    } else {
-        StoreInputs(valuesBefore, objectsBefore);
-        changedBeforeRefusal = changedBefore;
-    }
-    return done;
-}
-
-bool CAudioPluginInternals::ReadSections(const IReadDataStream& stream) {
-    presetsManager.ReadName(stream);
-    if (!midiController.ReadInputSettings(stream, kInputKeys) && IsDamaged(stream, kInputKeys)) {
-        return false;
-    }
-    if (!midiController.ReadOutputSettings(stream, kOutputKeys) && IsDamaged(stream, kOutputKeys)) {
-        return false;
-    }
-    if (!ReadInputs(stream)) {
-        return false;
-    }
-    if (!stream.ReadObject(kModel, model) && stream.Exists(kModel)) {
-        return false;
-    }
-    return !gui || stream.ReadObject(kGUI, *gui) || !stream.Exists(kGUI);
-}
-
-bool CAudioPluginInternals::ReadInputs(const IReadDataStream& stream) {
+    // All that a document can be refused for comes before anything is changed for good.
     std::vector<double> values;
     CSharedInputs objects;
     if (!ReadInputParams(stream, values) || !ReadInputObjects(stream, objects)) {
         return false;
     }
-    StoreInputs(values, std::move(objects));
-    return true;
+    model.SetEnabled(false);
+    if (gui) {
+        gui->BeginLoad();
+    }
+    const bool done = ReadMIDIAndGUI(stream);
+    if (done) {
+        midiController.ResetOutputCC();
+        presetsManager.ReadName(stream);
+        StoreInputs(values, std::move(objects));
+        static_cast<void>(stream.ReadObject(kModel, model)); // it has no state to be damaged
+        changedSincePresetLoaded.SetValue(0.0);
+    }
+    model.SetEnabled(true);
+    if (gui) {
+        gui->EndLoad();
+    }
+    return done;
+}
+
+bool CAudioPluginInternals::ReadMIDIAndGUI(const IReadDataStream& stream) {
+    CMemDataObject before; // of the MIDI settings, which are read in place
+    if (gui || stream.Exists(kInputKeys.settings) || stream.Exists(kOutputKeys.settings)) {
+        midiController.WriteInputSettings(before, kInputKeys);
+        midiController.WriteOutputSettings(before, kOutputKeys);
+    }
+    if ((midiController.ReadInputSettings(stream, kInputKeys) || !IsDamaged(stream, kInputKeys)) &&
+        (midiController.ReadOutputSettings(stream, kOutputKeys) ||
+         !IsDamaged(stream, kOutputKeys)) &&
+        (!gui || stream.ReadObject(kGUI, *gui) || !stream.Exists(kGUI))) {
+        return true;
+    }
+    midiController.ReadInputSettings(before, kInputKeys);
+    midiController.ReadOutputSettings(before, kOutputKeys);
+    return false;
 }
 
 bool CAudioPluginInternals::ReadInputParams(const IReadDataStream& stream,
@@ -304,14 +292,6 @@ void CAudioPluginInternals::StoreInputs(const std::vector<double>& values, CShar
     GetInputObjects().NotifyChanged(objects);
 }
 
-std::vector<double> CAudioPluginInternals::GetValues() const {
-    std::vector<double> values;
-    for (int i = 0; inputParams && i < inputParams->GetCount(); ++i) {
-        values.push_back(inputParams->Get(i).GetValue());
-    }
-    return values;
-}
-
 std::vector<double> CAudioPluginInternals::GetDefaults() const {
     std::vector<double> defaults(static_cast<std::size_t>(GetInputInfos().GetCount()));
     for (std::size_t i = 0; i < defaults.size(); ++i) {
@@ -324,7 +304,7 @@ void CAudioPluginInternals::ResetToDefaults() {
     // What an empty document stands for, but for the name, which the manager gives.
     CMemDataObject empty;
     empty.WriteInt(kVersionKey, kVersion);
-    DeSerialize(empty);
+    static_cast<void>(Restore(empty)); // nothing in it to be refused
     midiController.GetInputDefaultFlag().SetValue(true);
     midiController.GetOutputDefaultFlag().SetValue(true);
 }

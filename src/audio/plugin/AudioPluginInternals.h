@@ -10,7 +10,6 @@
 #include "system/CriticalSection.h"
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace Vorin::Audio::Plugin {
@@ -58,8 +57,8 @@ public:
 
     /// True with nothing written when the state is not kept. [any]
     bool Serialize(Serialization::IWriteDataStream& stream) const override;
-    /// All or nothing. [any]
-    bool RestoreState(const Serialization::IReadDataStream& document);
+    /// All or nothing: false has changed nothing. [any]
+    bool DeSerialize(const Serialization::IReadDataStream& stream) override;
 
     CPresetsManager& GetPresetsManager() { return presetsManager; }
 
@@ -74,16 +73,14 @@ public:
     void TellKept();
 
 private:
-    // The state as the presets manager sees it; DeSerialize is its half of RestoreState.
     Core::ILock& GetStateLock() const override { return stateLock; }
-    bool DeSerialize(const Serialization::IReadDataStream& stream) override;
     void ResetToDefaults() override;
     void ApplyValues(const DSP::IConstParamsValues& values) override;
 
     void SetFromMIDI(int index, double value) override;
 
-    bool ReadSections(const Serialization::IReadDataStream& stream);
-    bool ReadInputs(const Serialization::IReadDataStream& stream);
+    bool Restore(const Serialization::IReadDataStream& stream);
+    bool ReadMIDIAndGUI(const Serialization::IReadDataStream& stream);
     bool ReadInputParams(const Serialization::IReadDataStream& stream,
                          std::vector<double>& values) const;
     bool ReadInputObjects(const Serialization::IReadDataStream& stream,
@@ -91,7 +88,6 @@ private:
     bool WriteInputObjects(Serialization::IWriteDataStream& stream) const;
     /// Takes the parameters, all or none, and the objects that are there.
     void StoreInputs(const std::vector<double>& values, CSharedInputs objects);
-    std::vector<double> GetValues() const;
     std::vector<double> GetDefaults() const;
     void OnInputChanged();
 
@@ -111,8 +107,6 @@ private:
 
     // One state is saved or restored at a time. The audio thread never takes it.
     mutable System::CCriticalSection stateLock;
-    // What a document that was refused leaves to be put back. Guarded by stateLock.
-    std::optional<double> changedBeforeRefusal;
     CPresetsManager presetsManager;
     std::unique_ptr<IPluginGUI> gui;
 };

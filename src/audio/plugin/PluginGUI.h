@@ -11,7 +11,7 @@ class IPresetsManager;
 /// The display of a plug-in, as the host's side knows it. [gui]
 ///
 /// It is opened and closed any number of times; its state lives on in between, and is part of a
-/// preset.
+/// preset. A state that it refuses has changed nothing.
 class IPluginGUI : public virtual Serialization::ISerializable {
 public:
     /// Borrowed; outlives the display.

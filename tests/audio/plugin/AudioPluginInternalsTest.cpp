@@ -53,7 +53,7 @@ protected:
     bool Restore(const std::string& text) {
         CXmlDataObject document("Preset", Serialization::kXmlAttributes);
         return document.Parse(text.data(), static_cast<int>(text.size())) &&
-               internals.RestoreState(document);
+               internals.DeSerialize(document);
     }
 
     static std::string Preset(const std::string& attributes, const std::string& content) {

@@ -75,7 +75,7 @@ protected:
     bool Restore(const std::string& text) {
         CXmlDataObject document("Preset", Serialization::kXmlAttributes);
         return document.Parse(text.data(), static_cast<int>(text.size())) &&
-               internals.RestoreState(document);
+               internals.DeSerialize(document);
     }
 
     static std::string Preset(int version, const std::string& content) {
@@ -171,7 +171,7 @@ TEST_F(InputObjectsStateTest, ReadsBackWhatItWroteToMemory) {
     CMemDataObject saved;
     ASSERT_TRUE(internals.Serialize(saved));
     SetAll(8);
-    ASSERT_TRUE(internals.RestoreState(saved));
+    ASSERT_TRUE(internals.DeSerialize(saved));
     ExpectAll(7);
 }
 
@@ -282,7 +282,7 @@ TEST_F(InputObjectsStateTest, RefusesWhatNoPresetCanHave) {
                   std::string(CNumberProperty::kType) + "\"/></inputCustomProperties>");
 }
 
-TEST_F(InputObjectsStateTest, ADocumentThatProvesDamagedLaterPutsTheVeryObjectsBack) {
+TEST_F(InputObjectsStateTest, ADocumentThatProvesDamagedLaterLeavesTheVeryObjects) {
     SetAll(7);
     objects.GetProperties().Get(0).SetValue(CNamelessProperty());
     const std::string before = Save();

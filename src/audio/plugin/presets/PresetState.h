@@ -10,8 +10,7 @@ namespace Vorin::Audio::Plugin {
 ///
 /// Serialize and DeSerialize write and read all of it, the preset's name by the manager's WriteName
 /// and ReadName. Whoever keeps no state writes nothing, which is a success. Missing values are no
-/// failure of DeSerialize; after one it may be left half read, and the next call of DeSerialize, by
-/// the manager, puts back what was.
+/// failure of DeSerialize; a failure has changed nothing.
 class IPresetState : public virtual Serialization::ISerializable {
 public:
     /// Recursive. Held by whoever reads or writes the state as a whole, so that nobody sees half of

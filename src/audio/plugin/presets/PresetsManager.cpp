@@ -3,7 +3,6 @@
 #include "audio/plugin/presets/PresetLists.h"
 #include "core/Lock.h"
 #include "serialization/ItemSerialization.h"
-#include "serialization/MemDataObject.h"
 #include "serialization/XmlDataObject.h"
 #include "system/DataFolders.h"
 
@@ -109,6 +108,7 @@ bool CPresetsManager::ApplyLegacyPreset(int index) {
     if (index < 0 || index >= legacyPresets.GetCount()) {
         return false;
     }
+    const CAutoLock held(state.GetStateLock());
     SetPresetIndex(index);
     SetName(legacyPresets.GetName(index));
     state.ApplyValues(legacyPresets.GetValues(index));
@@ -120,6 +120,7 @@ bool CPresetsManager::SavePreset(const char* path) {
     if (!IsAbsolute(path)) {
         return false;
     }
+    const CAutoLock held(state.GetStateLock());
     const CCharString nameBefore = GetCurrentPresetName();
     SetName(CXMLPresetFile::GetNameOf(path));
     const bool isSaved = WriteState(path);
@@ -146,24 +147,7 @@ bool CPresetsManager::WriteState(const char* path) const {
 
 bool CPresetsManager::LoadPreset(const char* path) {
     CXmlDataObject document(kRoot, Serialization::kXmlAttributes);
-    return IsAbsolute(path) && document.LoadFile(path) && ReadState(document);
-}
-
-bool CPresetsManager::ReadState(const Serialization::IReadDataStream& document) {
-    const CAutoLock held(state.GetStateLock());
-    Serialization::CMemDataObject before;
-    const CCharString nameBefore = GetCurrentPresetName();
-    const bool isKept = state.Serialize(before);
-    if (state.DeSerialize(document)) {
-        return true;
-    }
-    // An empty one is of a state that is not kept: reading it would reset everything.
-    if (isKept && before.GetCount() > 0) {
-        state.DeSerialize(before);
-    }
-    SetName(nameBefore);
-    presetChanged.Notify();
-    return false;
+    return IsAbsolute(path) && document.LoadFile(path) && state.DeSerialize(document);
 }
 
 bool CPresetsManager::WriteName(Serialization::IWriteDataStream& stream) const {
@@ -192,6 +176,7 @@ bool CPresetsManager::LoadDefaultPreset() {
         file->Apply();
         return true;
     }
+    const CAutoLock held(state.GetStateLock());
     state.ResetToDefaults();
     SetPresetIndex(-1);
     SetName(kFreshName);

@@ -47,7 +47,7 @@ public:
     virtual bool LoadPreviousPreset() = 0;
     virtual bool LoadNextPreset() = 0;
 
-    /// Fires when there is another name, or the same one again.
+    /// Fires when there is another name, or the same one again, under the lock of the state.
     virtual Core::IEventProvider& GetPresetChangedEvent() = 0;
 
     /// Writes the state, named for the file. A file that is there is replaced as a whole or not at
@@ -116,10 +116,6 @@ public:
 
     /// Of all presets, in the order of their numbers.
     std::vector<Containers::CCharString> GetPresetNames() const;
-
-    /// Has the state read a document, of which it takes all or nothing: also for what a host gives
-    /// back of its project.
-    bool ReadState(const Serialization::IReadDataStream& document);
 
     /// The current name as "progName", for the state to call while it is written or read. Read: a
     /// missing one becomes "Default", but on a tolerant stream stays what it was. Fires.

@@ -359,15 +359,6 @@ TEST_F(PresetsManagerTest, AStateThatIsNotKeptIsSavedAsAnEmptyDocument) {
               "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<Preset/>\n");
 }
 
-TEST_F(PresetsManagerTest, AStateThatIsNotKeptIsNotPutBackAfterARefusal) {
-    MakeFolder("any");
-    folder.Write("any/bad.preset", "<Preset number=\"3\" refused=\"1\"/>");
-    state.isKept = false;
-    EXPECT_FALSE(Load("any/bad.preset"));
-    EXPECT_EQ(state.read, 1); // once: an empty document would have reset the rest
-    EXPECT_EQ(Name(), "Default Settings");
-}
-
 TEST_F(PresetsManagerTest, WhatIsNoPresetIsNotLoaded) {
     MakePreset("any/good.preset", 4.0);
     ASSERT_TRUE(Load("any/good.preset"));
@@ -423,7 +414,7 @@ TEST_F(PresetsManagerTest, APresetCutAnywhereChangesNothing) {
     EXPECT_EQ(state.read, 0);
 }
 
-TEST_F(PresetsManagerTest, ADocumentThatIsRefusedHalfWayLeavesTheStateAsItWas) {
+TEST_F(PresetsManagerTest, ADocumentThatIsRefusedLeavesStateNameAndPlace) {
     MakePreset("user/Presets/Good.preset");
     manager->RefreshPresets();
     ASSERT_TRUE(manager->LoadNextPreset());

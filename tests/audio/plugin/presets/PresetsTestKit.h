@@ -31,6 +31,11 @@ public:
 
     bool DeSerialize(const Serialization::IReadDataStream& stream) override {
         ++read;
+        bool isRefused = false;
+        static_cast<void>(stream.ReadBool("refused", isRefused));
+        if (isRefused) {
+            return false;
+        }
         manager->ReadName(stream);
         if (whileReading) {
             whileReading();
@@ -38,12 +43,6 @@ public:
         number = 0.0;
         text.Clear();
         stream.ReadDouble("number", number);
-        // Like a list with an item that is not fit: refused when half of it is read.
-        bool isRefused = false;
-        static_cast<void>(stream.ReadBool("refused", isRefused));
-        if (isRefused) {
-            return false;
-        }
         ReadItem(stream, "text", text);
         return true;
     }
