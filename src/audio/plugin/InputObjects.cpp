@@ -21,6 +21,8 @@ Core::RefCountItemPtr<const V&> ForRate(const V& value, double sampleRate) {
     if (auto* adapted = dynamic_cast<DSP::ISampleRateDependent*>(clone.get())) {
         adapted->SetSampleRate(sampleRate);
     }
+    // The analyzer does not follow a reference count through its interface.
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     return TInputItem<const V&>::Own(std::move(clone));
 }
 
