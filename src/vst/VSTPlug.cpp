@@ -46,7 +46,7 @@ CVSTPlug::CVSTPlug(audioMasterCallback hostCallback, CAudioPluginConfig config,
       inputParams(internals.GetInputInfos(), *this, 0),
       outputParams(internals.GetFilter().GetOutputParamInfos(), *this, inputParams.GetCount()),
       outgoingEvents(outputParams.GetCount()) {
-    internals.Connect(inputParams, outputParams);
+    internals.Connect(inputParams, outputParams, &refreshCommand);
     int inputs = 0;
     int outputs = 0;
     internals.GetIOChannels(inputs, outputs);
@@ -250,12 +250,8 @@ VstInt32 CVSTPlug::setChunk(void* data, VstInt32 byteSize, bool) {
     std::string_view text(static_cast<const char*>(data), static_cast<std::size_t>(byteSize));
     text = text.substr(0, text.find_last_not_of('\0') + 1);
     Serialization::CXmlDataObject document(kChunkRoot, Serialization::kXmlAttributes);
-    if (!document.Parse(text.data(), static_cast<int>(text.size())) ||
-        !internals.DeSerialize(document)) {
-        return 0;
-    }
-    ApplyChangesWhenIdle();
-    return 1;
+    return document.Parse(text.data(), static_cast<int>(text.size())) &&
+           internals.DeSerialize(document);
 }
 
 bool CVSTPlug::DescribePin(VstInt32 arrangement, VstPinProperties& properties) {

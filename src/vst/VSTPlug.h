@@ -4,6 +4,7 @@
 #include "audio/midi/MIDIEvent.h"
 #include "audio/plugin/AudioPluginInternals.h"
 #include "audio/plugin/BlockProcessor.h"
+#include "core/Command.h"
 #include "system/PollingLock.h"
 #include "vst/OutgoingEvents.h"
 #include "vst/VSTParamAdapter.h"
@@ -93,6 +94,7 @@ private:
     CVSTParamAdapter* FindParam(VstInt32 index);
     static bool DescribePin(VstInt32 arrangement, VstPinProperties& properties);
 
+    Vorin::Core::TCommand<CVSTPlug> refreshCommand{this, &CVSTPlug::ApplyChangesWhenIdle};
     Vorin::Audio::Plugin::CAudioPluginInternals internals;
     CVSTParamsAdapter inputParams; // "Bypass", then those of the filter
     CVSTParamsAdapter outputParams;

@@ -112,10 +112,12 @@ CAudioPluginInternals::~CAudioPluginInternals() {
     Disconnect();
 }
 
-void CAudioPluginInternals::Connect(IHostParams& inputs, IHostParams& outputs) {
+void CAudioPluginInternals::Connect(IHostParams& inputs, IHostParams& outputs,
+                                    Core::ICommand* refresh) {
     Disconnect();
     inputParams = &inputs;
     outputParams = &outputs;
+    refreshCommand = refresh;
     for (int i = 0; i < inputs.GetCount(); ++i) {
         inputs.Get(i).GetValueChangedEvents().Connect(inputChanged);
     }
@@ -130,6 +132,7 @@ void CAudioPluginInternals::Disconnect() {
     }
     inputParams = nullptr;
     outputParams = nullptr;
+    refreshCommand = nullptr;
     CFilterHost::Disconnect();
 }
 
@@ -194,7 +197,20 @@ bool CAudioPluginInternals::WriteInputObjects(IWriteDataStream& stream) const {
 }
 
 bool CAudioPluginInternals::DeSerialize(const IReadDataStream& stream) {
-    return !storeState || Restore(stream);
+    if (!storeState) {
+        return true;
+    }
+    const bool done = Restore(stream);
+    if (done) {
+        Refresh(); // not under the lock of the state: it waits for that of the processing
+    }
+    return done;
+}
+
+void CAudioPluginInternals::Refresh() {
+    if (refreshCommand) {
+        refreshCommand->Execute();
+    }
 }
 
 bool CAudioPluginInternals::Restore(const IReadDataStream& stream) {
@@ -307,6 +323,7 @@ void CAudioPluginInternals::ResetToDefaults() {
     static_cast<void>(Restore(empty)); // nothing in it to be refused
     midiController.GetInputDefaultFlag().SetValue(true);
     midiController.GetOutputDefaultFlag().SetValue(true);
+    Refresh();
 }
 
 void CAudioPluginInternals::ApplyValues(const IConstParamsValues& values) {
@@ -318,9 +335,12 @@ void CAudioPluginInternals::ApplyValues(const IConstParamsValues& values) {
     for (std::size_t i = 1; i < all.size() && static_cast<int>(i) <= values.GetCount(); ++i) {
         all[i] = values.GetValue(static_cast<int>(i) - 1);
     }
-    const Core::CAutoLock guard(stateLock);
-    StoreInputs(all, {});
-    changedSincePresetLoaded.SetValue(0.0);
+    {
+        const Core::CAutoLock guard(stateLock);
+        StoreInputs(all, {});
+        changedSincePresetLoaded.SetValue(0.0);
+    }
+    Refresh();
 }
 
 void CAudioPluginInternals::OnInputChanged() { changedSincePresetLoaded.SetValue(1.0); }

@@ -38,9 +38,10 @@ public:
     CAudioPluginInternals(CAudioPluginConfig config, IStaticSettings& staticSettings);
     ~CAudioPluginInternals() override;
 
-    /// Takes the host's objects for the values of inputs and outputs, one per info; they are
-    /// borrowed. [any, idle]
-    void Connect(IHostParams& inputs, IHostParams& outputs);
+    /// Takes the host's objects for the values of inputs and outputs, one per info, and the command
+    /// that brings a restored state to a filter that is idle; all are borrowed, the command may be
+    /// null. [any, idle]
+    void Connect(IHostParams& inputs, IHostParams& outputs, Core::ICommand* refresh = nullptr);
     /// Lets go of them again. [any, idle]
     void Disconnect();
 
@@ -80,6 +81,7 @@ private:
     void SetFromMIDI(int index, double value) override;
 
     bool Restore(const Serialization::IReadDataStream& stream);
+    void Refresh();
     bool ReadMIDIAndGUI(const Serialization::IReadDataStream& stream);
     bool ReadInputParams(const Serialization::IReadDataStream& stream,
                          std::vector<double>& values) const;
@@ -98,6 +100,7 @@ private:
     // Constant from Connect to Disconnect.
     IHostParams* inputParams = nullptr;
     IHostParams* outputParams = nullptr;
+    Core::ICommand* refreshCommand = nullptr;
 
     CMIDIController midiController;
     CAudioPluginModel model;

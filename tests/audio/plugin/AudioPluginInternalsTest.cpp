@@ -14,6 +14,7 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace Vorin::Audio::Plugin {
 namespace {
@@ -269,6 +270,33 @@ TEST_F(AudioPluginInternalsTest, ControllersDriveParametersAsGestures) {
     EXPECT_TRUE(internals.ApplyMIDI(CController(3, 7, 0), message));
     EXPECT_EQ(inputs.Get(kDelay).GetValue(), 0.0);
     EXPECT_TRUE(inputs.Get(kDelay).IsCaptured()); // a gesture of the user goes on
+}
+
+/// Counts what is brought to an idle filter.
+class CRefreshes {
+public:
+    int Take() { return std::exchange(count, 0); }
+
+    Core::TCommand<CRefreshes> command{this, &CRefreshes::OnRefresh};
+
+private:
+    void OnRefresh() { ++count; }
+
+    int count = 0;
+};
+
+TEST_F(AudioPluginInternalsTest, ARestoredStateIsBroughtToAnIdleFilter) {
+    CRefreshes refreshes;
+    internals.Connect(inputs, outputs, &refreshes.command);
+    ASSERT_TRUE(Restore(Preset("version=\"3\"", "<inputParams p4=\"5\"/>")));
+    EXPECT_EQ(refreshes.Take(), 1);
+    EXPECT_FALSE(Restore(Preset("version=\"3\"", "<inputParams p4=\"nan\"/>")));
+    EXPECT_EQ(refreshes.Take(), 0);
+    internals.GetPresetsManager().LoadDefaultPreset();
+    EXPECT_EQ(refreshes.Take(), 1);
+    internals.Disconnect();
+    ASSERT_TRUE(Restore(Preset("version=\"3\"", "")));
+    EXPECT_EQ(refreshes.Take(), 0);
 }
 
 TEST_F(AudioPluginInternalsTest, TakesNoMIDIWithoutInputs) {
