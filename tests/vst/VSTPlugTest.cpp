@@ -180,7 +180,7 @@ TEST_F(VSTPlugTest, ParametersAreNormalised) {
     Make();
     EXPECT_EQ(plug->getParameter(0), 0.0F);
     EXPECT_EQ(plug->getParameter(1), 0.5F);
-    EXPECT_EQ(plug->getParameter(3), 0.25F);
+    EXPECT_EQ(plug->getParameter(3), 0.0F); // an output has what the filter says
     EXPECT_EQ(plug->getParameter(5), 0.0F);
     EXPECT_EQ(plug->getParameter(-1), 0.0F);
     plug->setParameter(1, 0.25F);
