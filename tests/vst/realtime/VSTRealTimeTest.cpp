@@ -1,8 +1,11 @@
 // That the plug-in behind the host's interface neither allocates nor waits on the audio thread,
 // while other threads do with it what hosts do.
 
+#include "audio/dsp/ForwardingFilter.h"
 #include "audio/plugin/realtime/RealTimeGuard.h"
+#include "containers/DynamicCollection.h"
 #include "files/TemporaryFolder.h"
+#include "filters/OndaraFilter.h"
 #include "vst/Product.h"
 #include "vst/VSTPlug.h"
 
@@ -11,12 +14,17 @@
 #include <array>
 #include <atomic>
 #include <cstdlib>
+#include <memory>
 #include <random>
+#include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace VorinExt::VSTPlugin {
 namespace {
+
+namespace DSP = Vorin::Audio::DSP;
 
 constexpr std::size_t kLargestBlock = 1024;
 
@@ -27,14 +35,74 @@ int GetBlocksCount() {
     return blocks > 0 ? blocks : 50'000;
 }
 
-VstIntPtr AnswerHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void*, float) {
+std::atomic<int> eventsSent{0}; // to the host
+
+VstIntPtr AnswerHost(AEffect*, VstInt32 opcode, VstInt32, VstIntPtr, void* ptr, float) {
+    if (opcode == audioMasterProcessEvents) {
+        eventsSent += static_cast<const VstEvents*>(ptr)->numEvents;
+    }
     return opcode == audioMasterVersion ? kVstVersion : 0;
 }
 
+/// The product's filter with two outputs that move at each update, so that controllers go out.
+class CMeteringFilter : public DSP::CForwardingFilter {
+public:
+    CMeteringFilter() {
+        using namespace Vorin::DataModel::Objects;
+        for (const char* name : {"Automated", "Silent"}) {
+            infos.Add(CParamInfo(kParamReal, name, "", "", nullptr, nullptr, 0.0, 1.0, 0.0));
+        }
+    }
+
+    DSP::IFilter* Clone() const override { return new CMeteringFilter; }
+    void Init(const DSP::CFilterConfig& config, double hz) override { filter->Init(config, hz); }
+    void SetInputParams(const DSP::IConstFilterPropertiesVariations& given) override {
+        filter->SetInputParams(given);
+    }
+    void Process(const DSP::CProcessRecord& record) override { filter->Process(record); }
+    bool ProcessSilence(const DSP::CProcessRecord& record) override {
+        return filter->ProcessSilence(record);
+    }
+    void UpdateOutputs() override {
+        filter->UpdateOutputs();
+        const double level = values.GetValue(0) > 0.9 ? 0.0 : values.GetValue(0) + 0.03;
+        values.SetValue(0, level);
+        values.SetValue(1, 1.0 - level);
+    }
+
+    const DSP::IConstParamInfos& GetOutputParamInfos() const override { return infos; }
+    const DSP::IConstParamsValues& GetOutputParamValues() const override { return values; }
+    const DSP::IConstParamInfos& GetPrivateOutputParamInfos() const override {
+        return filter->GetPrivateOutputParamInfos();
+    }
+    const DSP::IConstStringInfos& GetOutputStringInfos() const override {
+        return filter->GetOutputStringInfos();
+    }
+    const DSP::IConstCurveInfos& GetOutputCurveInfos() const override {
+        return filter->GetOutputCurveInfos();
+    }
+    const DSP::IConstSurfaceInfos& GetOutputSurfaceInfos() const override {
+        return filter->GetOutputSurfaceInfos();
+    }
+    const DSP::IConstPropertyInfos& GetOutputPropertyInfos() const override {
+        return filter->GetOutputPropertyInfos();
+    }
+
+private:
+    const DSP::IFilter& Target() const override { return *filter; }
+    DSP::IFilter& Target() override { return *filter; }
+
+    const std::unique_ptr<DSP::IFilter> filter = PluginsFilters::CreateOndaraFilter();
+    Vorin::CoreUtilities::TDynamicCollection<Vorin::DataModel::Objects::CParamInfo,
+                                             Vorin::DataModel::Objects::IConstParamInfo>
+        infos;
+    DSP::CParamsValues values{2};
+};
+
 /// A state in which each parameter has its own controller, of the same number as itself.
-std::string MakeState(double delay) {
-    std::string text = "<Preset version=\"3\" progName=\"Test\" MIDIInputDefault=\"0\" "
-                       "MIDIOutputDefault=\"1\"><MIDIInputSettings settingCount=\"7\">";
+std::string MakeState(double delay, const std::string& outputs = "MIDIOutputDefault=\"1\">") {
+    std::string text = "<Preset version=\"3\" progName=\"Test\" MIDIInputDefault=\"0\" " + outputs +
+                       "<MIDIInputSettings settingCount=\"7\">";
     constexpr const char* maxima[] = {"1", "1", "2", "1", "300", "1", "1"};
     for (std::size_t i = 0; i < 7; ++i) {
         text += "<setting" + std::to_string(i) + " channel=\"0\" version=\"3\" number=\"" +
@@ -166,6 +234,26 @@ TEST_F(VSTRealTimeTest, NeitherDoTheyWhileStatesAreLoadedAndSavedOnAnotherThread
     isOver = true;
     other.join();
     EXPECT_GT(loads, 10);
+}
+
+TEST_F(VSTRealTimeTest, NeitherDoTheyWhileControllersGoOut) {
+    constexpr char kOutputs[] =
+        "MIDIOutputDefault=\"0\"><MIDIOutputSettings settingCount=\"2\">"
+        "<setting0 channel=\"1\" version=\"3\" number=\"20\" midiEnabled=\"1\" "
+        "automationEnabled=\"1\" curve=\"Linear\" min=\"0\" max=\"1\" type=\"CC\"/>"
+        "<setting1 channel=\"16\" version=\"3\" number=\"21\" midiEnabled=\"1\" "
+        "automationEnabled=\"0\" curve=\"Exp2\" min=\"0\" max=\"1\" type=\"CC\"/>"
+        "</MIDIOutputSettings>";
+    auto config = CreateProductConfig();
+    config.filter = std::make_unique<CMeteringFilter>();
+    config.filter->Init({.applyDefaults = true, .mode = 2}, 44100.0);
+    plug = std::make_unique<CVSTPlug>(&AnswerHost, std::move(config), GetStaticSettings());
+    ASSERT_TRUE(Load(MakeState(5.0, kOutputs)));
+    Start(48000.0F);
+    eventsSent = 0;
+    CAudioThread audio(*plug);
+    audio.Run(GetBlocksCount() / 4);
+    EXPECT_GT(eventsSent, GetBlocksCount() / 40);
 }
 
 TEST_F(VSTRealTimeTest, NeitherDoTheyWhileTheHostSetsThePlugInUpAnew) {
