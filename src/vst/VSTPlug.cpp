@@ -74,7 +74,7 @@ void CVSTPlug::Announce(int inputs, int outputs) {
     inputStreamDescs.resize(inputPointers.size());
     outputPointers.resize(static_cast<std::size_t>(numOutputs));
     outputStreamDescs.resize(outputPointers.size());
-    scratchBuffers.resize(std::max(inputPointers.size(), outputPointers.size()));
+    scratchBuffers.resize(outputPointers.size());
     scratchPointers.resize(scratchBuffers.size());
 }
 

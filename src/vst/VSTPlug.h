@@ -83,7 +83,6 @@ private:
     // VSTPlugProcessing.cpp [audio]
     void ProcessPiece(float** inputs, int inputOffset, float** outputs, int outputOffset,
                       int frames);
-    void PassThrough(int frames);
     void OnOutputsUpdated() override;
     void SyncOutput(int index, double value);
 
@@ -115,7 +114,7 @@ private:
     std::vector<Vorin::Audio::DSP::CAudioStream> outputStreamDescs;
     std::vector<float*> inputPointers;
     std::vector<float*> outputPointers;
-    std::vector<std::vector<float>> scratchBuffers; // one per announced channel
+    std::vector<std::vector<float>> scratchBuffers; // one per announced output
     std::vector<float*> scratchPointers;
 
     // The audio thread's own.

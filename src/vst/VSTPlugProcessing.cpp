@@ -72,8 +72,8 @@ bool AreCrossed(float** inputs, int inputsCount, float** outputs, int outputsCou
     return false;
 }
 
-/// As CopyInputsToOutputs, but frame by frame, so that channels may lie in each other's place where
-/// there is no room to set one aside. Inputs beyond `kMostCrossed` are not looked at.
+/// The same frame by frame, so that channels may lie in each other's place. Inputs beyond
+/// `kMostCrossed` are not looked at.
 void CopyCrossedInputsToOutputs(float** inputs, int inputsCount, float** outputs, int outputsCount,
                                 int frames) {
     constexpr int kMostCrossed = 32;
@@ -92,13 +92,18 @@ void CopyCrossedInputsToOutputs(float** inputs, int inputsCount, float** outputs
     }
 }
 
+/// What comes in goes out, to the bit.
+void PassThrough(float** inputs, int inputsCount, float** outputs, int outputsCount, int frames) {
+    const bool areCrossed = AreCrossed(inputs, inputsCount, outputs, outputsCount);
+    (areCrossed ? CopyCrossedInputsToOutputs : CopyInputsToOutputs)(inputs, inputsCount, outputs,
+                                                                    outputsCount, frames);
+}
+
 } // namespace
 
 void CVSTPlug::processReplacing(float** inputs, float** outputs, VstInt32 frames) {
     if (!processingLock.TryLock()) {
-        const bool areCrossed = AreCrossed(inputs, numInputs, outputs, numOutputs);
-        (areCrossed ? CopyCrossedInputsToOutputs : CopyInputsToOutputs)(inputs, numInputs, outputs,
-                                                                        numOutputs, frames);
+        PassThrough(inputs, numInputs, outputs, numOutputs, frames);
         return;
     }
     isProcessing.store(true, std::memory_order_relaxed);
@@ -135,21 +140,9 @@ void CVSTPlug::ProcessPiece(float** inputs, int inputOffset, float** outputs, in
                        .bypass = inputParams.Get(0).GetValue() > 0.5,
                        .silent = silent});
     if (filterOutputs == 0) {
-        PassThrough(frames);
+        PassThrough(inputPointers.data(), inputStreams.GetCount(), outputPointers.data(),
+                    static_cast<int>(outputPointers.size()), frames);
     }
-}
-
-void CVSTPlug::PassThrough(int frames) {
-    float** source = inputPointers.data();
-    if (AreCrossed(inputPointers.data(), static_cast<int>(inputPointers.size()),
-                   outputPointers.data(), static_cast<int>(outputPointers.size()))) {
-        for (std::size_t i = 0; i < inputPointers.size(); ++i) {
-            CopyChannel(inputPointers[i], scratchPointers[i], frames);
-        }
-        source = scratchPointers.data();
-    }
-    CopyInputsToOutputs(source, static_cast<int>(inputPointers.size()), outputPointers.data(),
-                        static_cast<int>(outputPointers.size()), frames);
 }
 
 void CVSTPlug::process(float** inputs, float** outputs, VstInt32 frames) {
