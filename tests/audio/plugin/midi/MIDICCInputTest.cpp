@@ -142,17 +142,19 @@ TEST_F(MIDICCInput, MatchesWhileAnotherThreadChangesTheSettings) {
         }
     });
     int values = 0;
-    for (int i = 0; i < 1'000'000 && (i < 20'000 || values < 100); ++i) {
+    for (int i = 0; i < 20'000 || values < 100; ++i) {
         EXPECT_TRUE(Apply({0xB0, 7, static_cast<unsigned char>(i % 128)}));
         for (const auto& [index, value] : receiver.Take()) {
             ++values;
             EXPECT_EQ(index, 0);
             EXPECT_TRUE(value >= 10.0 - 1e-9 && value <= 40.0 + 1e-9) << value;
         }
+        if (i > 20'000) {
+            std::this_thread::yield(); // it is the writer that has to go on
+        }
     }
     isStopping = true;
     writer.join();
-    EXPECT_GE(values, 100);
 }
 
 } // namespace
