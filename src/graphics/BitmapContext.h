@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include "core/Geometry.h"
+#include "graphics/PixelFormat.h"
 
 namespace Vorin::Graphics {
 
@@ -18,18 +20,9 @@ inline constexpr std::int64_t kMaxBitmapPixels = 16'000'000;
 /// True for a size that is neither empty nor beyond the limits.
 bool IsBitmapSize(const Core::C2DSize& size);
 
-/// How the pixels of a bitmap lie in memory; DIBIterator.h has a type for each.
-enum class EPixelFormat {
-    kMono8,  ///< a grey byte
-    kBGR16,  ///< words 0RRRRRGGGGGBBBBB
-    kBGR24,  ///< bytes B, G, R
-    kBGR32,  ///< words 0xXXRRGGBB: the top byte is written and never read
-    kBGRA32, ///< words 0xAARRGGBB, the colours premultiplied by alpha
-};
-
 /// Pixel memory on which both Cairo and our own pixel routines draw.
 ///
-/// GUI thread only. The two words formats are Cairo's own: both sides work on the same memory. Of
+/// GUI thread only. The formats of 32 bits are Cairo's own: both sides work on the same memory. Of
 /// the other formats Cairo knows none, and draws on a 32-bit picture of the same size; what one
 /// side drew is carried over when the other one's turn comes.
 ///
@@ -47,6 +40,9 @@ public:
     /// GetStrideBytes() apart. Null for null, for a size as above, and without memory.
     static std::shared_ptr<CBitmapContext> CreateOver(void* memory, const Core::C2DSize& size,
                                                       EPixelFormat format);
+
+    /// The format of a depth; nothing for a depth other than 8, 16, 24 and 32.
+    static std::optional<EPixelFormat> GetFormatOfDepth(int bitsPerPixel);
 
     /// The bytes from a row to the next.
     static int GetStrideBytes(EPixelFormat format, int width);

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 
 #include "graphics/Bitmap.h"
 
@@ -12,40 +9,27 @@ namespace Vorin::Graphics {
 /// A bitmap with pixel memory of its own, cleared to 0 when created.
 ///
 /// Depths of 8, 16, 24 and 32 bits per pixel have pixel memory; their layouts stand in
-/// DIBIterator.h. A bitmap stays without pixels, and all drawing on it without effect, when its
-/// size is empty, when it is larger than 8192 pixels a side or 16 million pixels, when the depth is
-/// another one, and when there is no memory left.
-class CDIBBitmap : public IBitmap {
+/// DIBIterator.h, and 24 bits are kept in words of 32. A bitmap stays without pixels, and all
+/// drawing on it without effect, when its size is empty, when it is larger than 8192 pixels a side
+/// or 16 million pixels, when the depth is another one, and when there is no memory left.
+class CDIBBitmap : public CSharedBitmap {
 public:
-    CDIBBitmap(const Core::C2DSize& size, int bitsPerPixel);
-    CDIBBitmap(const CDIBBitmap&) = delete;
-    CDIBBitmap& operator=(const CDIBBitmap&) = delete;
+    CDIBBitmap(const Core::C2DSize& size, int bitsPerPixel)
+        : CSharedBitmap(CBitmapContext::Create(size, bitsPerPixel)), requestedBits(bitsPerPixel) {}
 
-    Core::C2DSize GetSize() const override { return size; }
     /// The depth that was asked for, with and without pixels.
-    int GetBitsPerPixel() const override { return bitsPerPixel; }
-    void Clear() override;
-    std::unique_ptr<IRGBPixelAccess> CreatePixelAccess() override;
-    std::unique_ptr<IDrawSurface> CreateSurface() override;
+    int GetBitsPerPixel() const override { return requestedBits; }
 
-    /// The first row, the rows GetStrideBytes() apart from top to bottom. Null without pixels.
-    /// Lives as long as the bitmap.
-    const std::uint8_t* GetPixels() const { return pixels.get(); }
-    std::uint8_t* GetPixels() { return pixels.get(); }
+    /// The first row, the rows GetStrideBytes() apart from top to bottom, with all that was drawn
+    /// so far. Null without pixels. To be read before the next drawing.
+    const std::uint8_t* GetPixels() const {
+        return GetContext() ? GetContext()->BeginReading() : nullptr;
+    }
     /// 0 without pixels.
-    int GetStrideBytes() const { return strideBytes; }
+    int GetStrideBytes() const { return GetContext() ? GetContext()->GetStrideBytes() : 0; }
 
 private:
-    struct FreeMemory {
-        void operator()(std::uint8_t* memory) const { std::free(memory); }
-    };
-
-    std::size_t GetByteCount() const;
-
-    const int bitsPerPixel;
-    Core::C2DSize size;
-    int strideBytes = 0;
-    std::unique_ptr<std::uint8_t, FreeMemory> pixels;
+    const int requestedBits;
 };
 
 } // namespace Vorin::Graphics

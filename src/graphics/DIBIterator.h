@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "graphics/PixelFormat.h"
 #include "graphics/RGB.h"
 
 /// The pixel formats: one stateless type each, the parameter of everything that works on pixels.
@@ -22,6 +23,7 @@ namespace Vorin::Graphics {
 struct CDIB32BGRIterator {
     using Unit = std::uint32_t;
     static constexpr int kBitsPerPixel = 32;
+    static constexpr EPixelFormat kFormat = EPixelFormat::kBGRA32;
     static constexpr std::ptrdiff_t kUnitsPerPixel = 1;
     static constexpr std::uint64_t kLanes = 0x00FF00FF00FF00FF; // from the top: alpha, G, R, B
 
@@ -50,6 +52,7 @@ struct CDIB32BGRIterator {
 struct CDIB24BGRIterator {
     using Unit = std::uint8_t;
     static constexpr int kBitsPerPixel = 24;
+    static constexpr EPixelFormat kFormat = EPixelFormat::kBGR24;
     static constexpr std::ptrdiff_t kUnitsPerPixel = 3;
     static constexpr std::uint64_t kLanes = 0x000000FF00FF00FF; // R, G, B
 
@@ -74,6 +77,7 @@ struct CDIB24BGRIterator {
 struct CDIB16BGRIterator {
     using Unit = std::uint16_t;
     static constexpr int kBitsPerPixel = 16;
+    static constexpr EPixelFormat kFormat = EPixelFormat::kBGR16;
     static constexpr std::ptrdiff_t kUnitsPerPixel = 1;
     static constexpr std::uint64_t kLanes = 0x0000001F001F001F; // R, G, B
 
@@ -104,6 +108,7 @@ struct CDIB16BGRIterator {
 struct CDIB8MonoIterator {
     using Unit = std::uint8_t;
     static constexpr int kBitsPerPixel = 8;
+    static constexpr EPixelFormat kFormat = EPixelFormat::kMono8;
     static constexpr std::ptrdiff_t kUnitsPerPixel = 1;
     static constexpr std::uint64_t kLanes = 0xFF;
 
@@ -118,5 +123,32 @@ struct CDIB8MonoIterator {
     static std::uint64_t Load(const Unit* pixel) { return *pixel; }
     static void Store(Unit* pixel, std::uint64_t lanes) { *pixel = static_cast<Unit>(lanes); }
 };
+
+/// Calls `function` with the iterator of a format.
+template <class F>
+auto WithIterator(EPixelFormat format, F function) {
+    switch (format) {
+    case EPixelFormat::kMono8:
+        return function(CDIB8MonoIterator{});
+    case EPixelFormat::kBGR16:
+        return function(CDIB16BGRIterator{});
+    case EPixelFormat::kBGR24:
+        return function(CDIB24BGRIterator{});
+    case EPixelFormat::kBGR32:
+    case EPixelFormat::kBGRA32:
+        break;
+    }
+    return function(CDIB32BGRIterator{});
+}
+
+/// Pixel memory as the units of a format. It is aligned for them.
+template <class Iterator>
+typename Iterator::Unit* AsUnits(void* memory) {
+    return static_cast<typename Iterator::Unit*>(memory);
+}
+template <class Iterator>
+const typename Iterator::Unit* AsUnits(const void* memory) {
+    return static_cast<const typename Iterator::Unit*>(memory);
+}
 
 } // namespace Vorin::Graphics

@@ -1,32 +1,41 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+#include <utility>
 
+#include "graphics/BitmapContext.h"
 #include "graphics/DIBIterator.h"
 #include "graphics/PixelAccess.h"
 
 namespace Vorin::Graphics {
 
-/// Single pixels of a memory bitmap in the format of `Iterator`. It does not own the memory.
+/// Single pixels of a bitmap in the format of `Iterator`.
 template <class Iterator>
 class TDIBPixelAccess : public IRGBPixelAccess {
 public:
     using Unit = typename Iterator::Unit;
 
-    /// `memory`: the first row, the rows Iterator::GetStride(size.width) units apart; null allowed.
-    TDIBPixelAccess(Unit* memory, const Core::C2DSize& size)
-        : pixels(memory), area(Core::C2DPoint{}, memory ? size : Core::C2DSize{}),
+    /// `bitmapContext` has that format, or is null.
+    explicit TDIBPixelAccess(std::shared_ptr<CBitmapContext> bitmapContext)
+        : context(std::move(bitmapContext)),
+          area(Core::C2DPoint{}, context ? context->GetSize() : Core::C2DSize{}),
           stride(Iterator::GetStride(area.width)) {}
 
     RGB GetPixel(const Core::C2DPoint& point) const override {
         const Core::C2DPoint moved = point + origin;
-        return area.Contains(moved) ? Iterator::Read(At(moved)) : RGB{};
+        if (!area.Contains(moved)) {
+            return {};
+        }
+        const void* pixels = context->BeginReading();
+        return Iterator::Read(AsUnits<Iterator>(pixels) + GetOffset(moved));
     }
 
     void SetPixel(const Core::C2DPoint& point, const RGB& color) override {
         const Core::C2DPoint moved = point + origin;
         if (area.Contains(moved)) {
-            Iterator::Write(At(moved), color);
+            void* pixels = context->BeginPixels({moved, {1, 1}});
+            Iterator::Write(AsUnits<Iterator>(pixels) + GetOffset(moved), color);
         }
     }
 
@@ -34,11 +43,11 @@ public:
     Core::C2DVector GetOrigin() const override { return origin; }
 
 private:
-    Unit* At(const Core::C2DPoint& point) const {
-        return pixels + point.y * stride + point.x * Iterator::kUnitsPerPixel;
+    std::ptrdiff_t GetOffset(const Core::C2DPoint& point) const {
+        return point.y * stride + point.x * Iterator::kUnitsPerPixel;
     }
 
-    Unit* const pixels;
+    const std::shared_ptr<CBitmapContext> context;
     const Core::C2DRectangle area;
     const std::ptrdiff_t stride;
     Core::C2DVector origin;

@@ -1,12 +1,22 @@
 #include "graphics/DIBSurface.h"
 
-#include <algorithm>
+#include <type_traits>
+#include <utility>
 
 namespace Vorin::Graphics {
 
 namespace {
 
 using LongLine = TLine<std::int64_t>;
+
+// A context in whose format the pixels of `Iterator` can be drawn; null for any other.
+template <class Iterator>
+std::shared_ptr<CBitmapContext> OfFormat(std::shared_ptr<CBitmapContext> context) {
+    const bool fits = context && WithIterator(context->GetFormat(), []<class Other>(Other) {
+                          return std::is_same_v<Other, Iterator>;
+                      });
+    return fits ? std::move(context) : nullptr;
+}
 
 // A line in bitmap coordinates, wherever its ends lie.
 template <class Iterator>
@@ -76,23 +86,19 @@ void DrawSmoothLines(const TPixelTarget<Iterator>& target, const Origin& origin,
 } // namespace
 
 template <class Iterator>
+TDIBSurface<Iterator>::TDIBSurface(std::shared_ptr<CBitmapContext> bitmapContext)
+    : CBitmapSurface(OfFormat<Iterator>(std::move(bitmapContext))),
+      penLanes(Iterator::ToLanes(GetPenColor())) {}
+
+template <class Iterator>
 TDIBSurface<Iterator>::TDIBSurface(Unit* memory, const Core::C2DSize& size)
-    : pixels(memory), stride(Iterator::GetStride(size.width)) {
-    if (pixels) {
-        state.clip = {Core::C2DPoint{}, size};
-    }
-    TDIBSurface::SetPenColor(RGB{});
-    TDIBSurface::SetFillColor(RGB{});
-}
+    : TDIBSurface(CBitmapContext::CreateOver(memory, size, Iterator::kFormat)) {}
 
 template <class Iterator>
 void TDIBSurface<Iterator>::SetPenColor(const RGB& color) {
-    state.penColor = color;
+    CBitmapSurface::SetPenColor(color);
     penLanes = Iterator::ToLanes(color);
 }
-
-template <class Iterator>
-void TDIBSurface<Iterator>::SetPenStyle(int) {}
 
 template <class Iterator>
 void TDIBSurface<Iterator>::DrawLine(const Core::C2DPoint& from, const Core::C2DPoint& to) {
@@ -179,101 +185,32 @@ void TDIBSurface<Iterator>::DrawSmoothPoints(const C2DFloatPoint* points, int co
 }
 
 template <class Iterator>
-void TDIBSurface<Iterator>::SetFillColor(const RGB& color) {
-    state.fillColor = color;
-    fillLanes = Iterator::ToLanes(color);
-}
-
-template <class Iterator>
-void TDIBSurface<Iterator>::FillRectangle(const Core::C2DRectangle& rectangle) {
-    const Core::C2DRectangle area = GetVisiblePart(rectangle);
-    if (!pixels || area.IsEmpty()) {
-        return;
-    }
-    const std::uint64_t lanes = fillLanes;
-    for (int row = 0; row < area.height; ++row) {
-        Unit* pixel = pixels + (area.y + row) * stride + area.x * Iterator::kUnitsPerPixel;
-        for (int i = 0; i < area.width; ++i, pixel += Iterator::kUnitsPerPixel) {
-            Iterator::Store(pixel, lanes);
-        }
-    }
-}
-
-template <class Iterator>
-void TDIBSurface<Iterator>::SetOrigin(const Core::C2DVector& offset) {
-    state.origin.x += offset.x;
-    state.origin.y += offset.y;
-}
-
-template <class Iterator>
-Core::C2DPoint TDIBSurface<Iterator>::GetOrigin() const {
-    return {Core::SaturateToInt(state.origin.x), Core::SaturateToInt(state.origin.y)};
-}
-
-template <class Iterator>
-Core::C2DRectangle TDIBSurface<Iterator>::GetClipBox() const {
-    return {Core::SaturateToInt(state.clip.x - state.origin.x),
-            Core::SaturateToInt(state.clip.y - state.origin.y), state.clip.width,
-            state.clip.height};
-}
-
-template <class Iterator>
-void TDIBSurface<Iterator>::IntersectClip(const Core::C2DRectangle& rectangle) {
-    state.clip = GetVisiblePart(rectangle);
-}
-
-template <class Iterator>
-void TDIBSurface<Iterator>::SaveState() {
-    savedStates.push_back(state);
-}
-
-template <class Iterator>
 void TDIBSurface<Iterator>::RestoreState() {
-    if (savedStates.empty()) {
-        return;
-    }
-    state = savedStates.back();
-    savedStates.pop_back();
-    TDIBSurface::SetPenColor(state.penColor);
-    SetFillColor(state.fillColor);
+    CBitmapSurface::RestoreState();
+    penLanes = Iterator::ToLanes(GetPenColor());
 }
 
 template <class Iterator>
-void TDIBSurface<Iterator>::ReleaseContext() {
-    pixels = nullptr;
-    savedStates.clear();
-    state.clip = {};
+void TDIBSurface<Iterator>::SetContext(std::shared_ptr<CBitmapContext> bitmapContext) {
+    CBitmapSurface::SetContext(OfFormat<Iterator>(std::move(bitmapContext)));
 }
 
 template <class Iterator>
-bool TDIBSurface<Iterator>::BeginDrawing(Drawing& drawing) const {
-    const Core::C2DRectangle& clip = state.clip;
-    if (!pixels || clip.IsEmpty()) {
+bool TDIBSurface<Iterator>::BeginDrawing(Drawing& drawing) {
+    CDrawContext* drawContext = GetContext();
+    const Core::C2DRectangle clip = drawContext ? drawContext->GetClip() : Core::C2DRectangle{};
+    if (clip.IsEmpty()) {
         return false;
     }
-    drawing.target = {pixels,
-                      stride,
+    drawing.target = {AsUnits<Iterator>(static_cast<void*>(drawContext->BeginPixels(clip))),
+                      Iterator::GetStride(drawContext->GetBitmapContext()->GetSize().width),
                       penLanes,
                       clip.x,
                       clip.x + clip.width - 1,
                       clip.y,
                       clip.y + clip.height - 1};
-    drawing.origin = state.origin;
+    drawing.origin = drawContext->GetOrigin();
     return true;
-}
-
-template <class Iterator>
-Core::C2DRectangle
-TDIBSurface<Iterator>::GetVisiblePart(const Core::C2DRectangle& rectangle) const {
-    const Core::C2DRectangle& clip = state.clip;
-    const std::int64_t x = rectangle.x + state.origin.x;
-    const std::int64_t y = rectangle.y + state.origin.y;
-    const std::int64_t left = std::clamp<std::int64_t>(x, clip.x, clip.GetRight());
-    const std::int64_t top = std::clamp<std::int64_t>(y, clip.y, clip.GetBottom());
-    const std::int64_t right = std::clamp(x + rectangle.width, left, clip.GetRight());
-    const std::int64_t bottom = std::clamp(y + rectangle.height, top, clip.GetBottom());
-    return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
-            static_cast<int>(bottom - top)};
 }
 
 template class TDIBSurface<CDIB32BGRIterator>;

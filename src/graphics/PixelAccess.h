@@ -7,7 +7,7 @@ namespace Vorin::Graphics {
 
 /// Reads and writes the pixels of a bitmap one at a time.
 ///
-/// GUI thread only. Must not outlive its bitmap. A point outside the bitmap reads as black and is
+/// GUI thread only. A point outside the bitmap reads as black and is
 /// not written.
 class IRGBPixelAccess {
 public:

@@ -16,7 +16,7 @@ bool IsAllZero(const CDIBBitmap& bitmap) {
 
 TEST(DIBBitmapTest, StrideFollowsTheDepth) {
     EXPECT_EQ(CDIBBitmap({5, 2}, 32).GetStrideBytes(), 20);
-    EXPECT_EQ(CDIBBitmap({5, 2}, 24).GetStrideBytes(), 16);
+    EXPECT_EQ(CDIBBitmap({5, 2}, 24).GetStrideBytes(), 20) << "kept in words of 32 bits";
     EXPECT_EQ(CDIBBitmap({5, 2}, 16).GetStrideBytes(), 12);
     EXPECT_EQ(CDIBBitmap({5, 2}, 8).GetStrideBytes(), 8);
 }
@@ -34,7 +34,8 @@ TEST(DIBBitmapTest, ANewBitmapIsCleared) {
 TEST(DIBBitmapTest, ClearSetsEveryByteToZero) {
     for (int bits : {8, 16, 24, 32}) {
         CDIBBitmap bitmap({7, 3}, bits);
-        std::fill_n(bitmap.GetPixels(), bitmap.GetStrideBytes() * 3, std::uint8_t{0x5A});
+        std::fill_n(bitmap.GetContext()->BeginPixels({{}, bitmap.GetSize()}),
+                    bitmap.GetStrideBytes() * 3, std::uint8_t{0x5A});
         bitmap.Clear();
         EXPECT_TRUE(IsAllZero(bitmap)) << bits;
     }
@@ -61,14 +62,26 @@ TEST(DIBBitmapTest, AbsurdSizesHaveNoPixels) {
     EXPECT_EQ(CDIBBitmap({kMax, kMax}, 32).GetPixels(), nullptr);
 }
 
-TEST(DIBBitmapTest, OtherDepthsHaveNoAccessAndNoSurface) {
+TEST(DIBBitmapTest, OtherDepthsHaveNoAccessAndASurfaceThatDrawsNothing) {
     for (int bits : {-8, 0, 1, 4, 15, 31, 64}) {
         CDIBBitmap bitmap({4, 4}, bits);
         EXPECT_EQ(bitmap.GetPixels(), nullptr) << bits;
         EXPECT_EQ(bitmap.CreatePixelAccess(), nullptr) << bits;
-        EXPECT_EQ(bitmap.CreateSurface(), nullptr) << bits;
         EXPECT_EQ(bitmap.GetBitsPerPixel(), bits);
+        const auto surface = bitmap.CreateSurface();
+        ASSERT_NE(surface, nullptr) << bits;
+        surface->FillRectangle({0, 0, 4, 4});
+        surface->DrawLine({0, 0}, {3, 3});
+        EXPECT_EQ(surface->GetContext(), nullptr) << bits;
+        EXPECT_TRUE(surface->GetClipBox().IsEmpty()) << bits;
     }
+}
+
+TEST(DIBBitmapTest, ABitmapOf24BitsHasAContextOf32) {
+    const CDIBBitmap bitmap({4, 4}, 24);
+    EXPECT_EQ(bitmap.GetBitsPerPixel(), 24);
+    EXPECT_EQ(bitmap.GetContext()->GetBitsPerPixel(), 32);
+    EXPECT_EQ(bitmap.GetContext()->GetFormat(), EPixelFormat::kBGR32);
 }
 
 TEST(DIBBitmapTest, ABitmapWithoutPixelsTakesDrawingWithoutEffect) {

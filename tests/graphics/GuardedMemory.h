@@ -24,9 +24,12 @@ public:
 
     // Sets the pixel memory to a picture.
     void SetBytes(const std::vector<std::uint8_t>& bytes) {
-        std::copy(bytes.begin(), bytes.end(), AsBytes());
+        std::copy(bytes.begin(), bytes.end(), GetBitmapContext().BeginPixels({{}, size}));
     }
-    std::vector<std::uint8_t> GetBytes() { return {AsBytes(), AsBytes() + GetByteCount()}; }
+    std::vector<std::uint8_t> GetBytes() {
+        const std::uint8_t* bytes = GetBitmapContext().BeginReading();
+        return {bytes, bytes + GetByteCount()};
+    }
     std::size_t GetByteCount() const {
         return static_cast<std::size_t>(stride * size.height) * sizeof(Unit);
     }
@@ -43,9 +46,7 @@ private:
     static constexpr std::ptrdiff_t kGuard = 4096;
     static constexpr Unit kPattern = static_cast<Unit>(0xA5C3A5C3);
 
-    std::uint8_t* AsBytes() {
-        return static_cast<std::uint8_t*>(static_cast<void*>(units.data() + kGuard));
-    }
+    CBitmapContext& GetBitmapContext() { return *surface.GetContext()->GetBitmapContext(); }
 
     Core::C2DSize size;
     int stride;

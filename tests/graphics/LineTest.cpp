@@ -10,8 +10,8 @@
 namespace Vorin::Graphics::Testing {
 namespace {
 
-constexpr int kMin = std::numeric_limits<int>::min();
-constexpr int kMax = std::numeric_limits<int>::max();
+constexpr int kIntMin = std::numeric_limits<int>::min();
+constexpr int kIntMax = std::numeric_limits<int>::max();
 
 // dx = 5, dy = 2: the error runs 2, 0, -2+5, 1, -1+5, 2, 0; below 0 the next row begins.
 TEST(LineTest, AShallowLineStepsWhereTheErrorFallsBelowZero) {
@@ -112,10 +112,10 @@ TEST(LineTest, TheTopIsCutBeforeTheLeft) {
 
 TEST(LineTest, TheFarthestCoordinatesKeepTheirDirection) {
     CTestPicture picture({5, 5});
-    picture->DrawLine({kMin, kMin}, {kMax, kMax});
+    picture->DrawLine({kIntMin, kIntMin}, {kIntMax, kIntMax});
     EXPECT_EQ(picture.GetText(), "#....\n.#...\n..#..\n...#.\n....#\n");
-    picture->DrawLine({kMin, 2}, {kMax, 2});
-    picture->DrawLine({2, kMax}, {2, kMin});
+    picture->DrawLine({kIntMin, 2}, {kIntMax, 2});
+    picture->DrawLine({2, kIntMax}, {2, kIntMin});
     EXPECT_EQ(picture.GetText(), "#.#..\n.##..\n#####\n..##.\n..#.#\n");
 }
 
@@ -125,7 +125,7 @@ TEST(LineTest, APolylineNeedsTwoPoints) {
     picture->DrawPolyline(points, 1);
     picture->DrawPolyline(points, 0);
     picture->DrawPolyline(points, -1);
-    picture->DrawPolyline(points, kMin);
+    picture->DrawPolyline(points, kIntMin);
     picture->DrawPolyline(nullptr, 0);
     EXPECT_TRUE(picture.IsBlack());
     picture->DrawPolyline(points, 3);
@@ -135,8 +135,8 @@ TEST(LineTest, APolylineNeedsTwoPoints) {
 TEST(LineTest, PointsOutsideTheClipAreLeftOut) {
     CTestPicture picture({5, 3});
     picture->IntersectClip({1, 0, 3, 2});
-    const Core::C2DPoint points[] = {{0, 0},  {1, 0},  {3, 1},       {4, 1},   {2, 2},
-                                     {2, -1}, {-1, 1}, {kMin, kMin}, {kMax, 1}};
+    const Core::C2DPoint points[] = {
+        {0, 0}, {1, 0}, {3, 1}, {4, 1}, {2, 2}, {2, -1}, {-1, 1}, {kIntMin, kIntMin}, {kIntMax, 1}};
     picture->DrawPoints(points, 9);
     picture->DrawPoint({2, 1});
     picture->DrawPoint({4, 0});
@@ -169,7 +169,7 @@ TEST(LineTest, ARectangleOfOneByOneIsAPoint) {
 TEST(LineTest, AFrameAroundTheClipIsNotSeen) {
     CTestPicture picture({5, 3});
     picture->DrawRectangle({-1, -1, 7, 5});
-    picture->DrawRectangle({kMin, kMin, kMax, kMax});
+    picture->DrawRectangle({kIntMin, kIntMin, kIntMax, kIntMax});
     EXPECT_TRUE(picture.IsBlack());
 }
 
