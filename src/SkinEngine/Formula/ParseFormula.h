@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SkinEngine/Formula/FormulaLimits.h"
 #include "math/Function.h"
 #include "math/ParametrizedFunction.h"
 
@@ -10,23 +11,14 @@ namespace Vorin::AppEngine {
 /// Formulas of skins: a text is parsed once into a tree of function objects, and evaluated as such.
 ///
 /// The five forms differ in what a formula is a function of, and in whether it may have open names.
-/// Each gives null for a null text, for an invalid formula, and for one beyond the limits; whoever
-/// calls words the error. A null variable stands for the default name, "x" or "y". Nothing is kept
-/// of the text. Locales play no part, and nothing is printed. [any]
+/// Each gives null for a null text, for an invalid formula, and for one beyond FormulaLimits;
+/// whoever calls words the error. A null variable stands for the default name, "x" or "y". Nothing
+/// is kept of the text. Locales play no part, and nothing is printed. [any]
 ///
 /// In the parametrized forms a name that is not built in is open: bare it stands for a constant,
-/// called with one argument for a function, with two for a binary function. Until they are set, in
-/// the order of `Math::TParametrizedFunction`, these are 0, the identity, and the sum of both.
+/// called with one argument for a function, with two for a binary function. Until something is set
+/// there, these are 0, the identity, and the sum of both.
 using Math::TParametrizedFunction;
-
-/// What a formula may be. A longer or deeper one is invalid.
-struct FormulaLimits {
-    static constexpr int kLength = 65536; ///< bytes
-    static constexpr int kNesting = 128;  ///< parentheses within each other, those of calls too
-    /// Operations below each other: what is read, evaluated and destroyed takes stack for each. A
-    /// chain such as a+b+c+d is as deep as it has operators.
-    static constexpr int kDepth = 1024;
-};
 
 /// A fixed value, without open names: 2*pi.
 std::unique_ptr<Math::IConstant> ParseConstantFormula(const char* text);
