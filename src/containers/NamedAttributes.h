@@ -71,6 +71,23 @@ public:
 
     void Clear() { attributes.Clear(); }
 
+    /// Calls `visit` with the name and the text of each attribute, in the order of an iterator, but
+    /// without making one. The visitor changes nothing of the table.
+    template <class Visit>
+    void ForEach(Visit visit) const {
+        for (const auto* entry = attributes.GetFirst(); entry; entry = attributes.GetNext(entry)) {
+            visit(entry->key.Get(), entry->value.Get());
+        }
+    }
+
+    /// Calls `change` with each text, to be set to another one.
+    template <class Change>
+    void ForEachValue(Change change) {
+        for (auto* entry = attributes.GetFirst(); entry; entry = attributes.GetNext(entry)) {
+            change(entry->value);
+        }
+    }
+
 private:
     TTextMap<CCharString> attributes;
 };

@@ -14,6 +14,9 @@ std::string NormalizePath(const std::string& path);
 /// The text up to and including the last "/".
 std::string GetFolder(const std::string& path);
 
+/// A path as seen from a folder, as far as the text alone can tell; else the path itself.
+std::string GetRelativePath(const std::string& path, const std::string& folder);
+
 /// The attribute as a path: relative to the folder `baseDirectory`, which ends in "/" or is empty,
 /// and normalized. Nothing when there is no such attribute. Every file that a skin names is
 /// resolved so, against `CSkinParser::GetRootFilePath`: the folder of the root document, not that

@@ -18,6 +18,9 @@ public:
 
     /// Where the element of the next call stands. A replay tells it before each.
     virtual void SetElementPlace(const Core::CDocumentPlace& place) { static_cast<void>(place); }
+
+    /// True once a limit is reached: nothing more is taken, and replays end.
+    virtual bool IsStopped() const { return false; }
 };
 
 } // namespace Vorin::AppEngine

@@ -21,6 +21,8 @@ XERCES_CPP_NAMESPACE_END
 
 namespace Vorin::AppEngine {
 
+class CStartTagLines;
+
 /// Runs the scripts of a document.
 class IScriptEngine {
 public:
@@ -118,7 +120,8 @@ public:
     // IParserElementHandler: elements from files and templates alike.
     bool OnElementStart(const char* name, Containers::IConstNamedAttributes& attributes) override;
     bool OnElementEnd(const char* name) override;
-    void SetElementPlace(const Core::CDocumentPlace& place) override;
+    void SetElementPlace(const Core::CDocumentPlace& elementPlace) override;
+    bool IsStopped() const override { return stopped; }
 
 private:
     /// A template call whose end tag is still to come.
@@ -131,8 +134,6 @@ private:
         int depth;
         std::string name;
     };
-
-    class CStartTagLines;
 
     // xercesc::DefaultHandler
     void setDocumentLocator(const xercesc::Locator* documentLocator) override;
@@ -162,7 +163,6 @@ private:
     void Clear();
     bool ParseFile(const std::string& path);
     bool ReadFile(const std::string& path, const std::string& content);
-    bool Read(const std::string& path, const std::string& content);
     bool CheckFile(const std::string& path);
 
     bool CountElement(const Containers::CNamedAttributes& attributes);
@@ -238,7 +238,6 @@ private:
     bool stopped = false;
     int filesOpen = 0;
     int fileElements = 0;
-    int fileDepth = 0;
     int expandedElements = 0;
     int expandedDepth = 0;
     long expandedBytes = 0;

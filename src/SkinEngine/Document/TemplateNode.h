@@ -114,8 +114,6 @@ public:
     int GetInstancesCount() const override { return instancesCount; }
 
 private:
-    friend class CParsedTemplateRootNodeInstance;
-
     int instancesCount = 0;
 };
 

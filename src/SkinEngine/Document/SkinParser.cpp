@@ -1,0 +1,608 @@
+// The document as a stream: files, places, limits, and the way of an element to its handler. The
+// elements of the preprocessor are in Preprocessor.cpp.
+#include "SkinEngine/Document/SkinParser.h"
+
+#include "SkinEngine/Document/FilePaths.h"
+#include "SkinEngine/Document/SkinFile.h"
+#include "SkinEngine/Document/SkinLimits.h"
+#include "SkinEngine/Document/StartTagLines.h"
+#include "SkinEngine/Document/XMLNamedAttributes.h"
+#include "SkinEngine/Document/XMLReading.h"
+#include "serialization/DataStream.h"
+#include "serialization/ItemSerialization.h"
+
+#include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/sax/Locator.hpp>
+#include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/sax2/Attributes.hpp>
+#include <xercesc/sax2/SAX2XMLReader.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
+#include <xercesc/util/XMLException.hpp>
+
+#include <unistd.h>
+
+#include <new>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace Vorin::AppEngine {
+
+using Containers::CNamedAttributes;
+using Containers::IConstNamedAttributes;
+using Core::CDocumentPlace;
+
+namespace {
+
+/// Leaves the XML reader; caught where the reader was called.
+struct CStopReading {};
+
+/// Keeps a variable of the parser over the reading of a file inside another one.
+template <class T>
+class TSaved {
+public:
+    TSaved(T& savedVariable, T newValue)
+        : variable(savedVariable), saved(std::exchange(savedVariable, std::move(newValue))) {}
+    ~TSaved() { variable = std::move(saved); }
+
+    TSaved(const TSaved&) = delete;
+    TSaved& operator=(const TSaved&) = delete;
+
+private:
+    T& variable;
+    T saved;
+};
+
+std::string TooMany(const char* what, long limit) {
+    return std::string(what) + " than " + std::to_string(limit);
+}
+
+} // namespace
+
+CSkinParser::CSkinParser(Core::IMessageLog* messageLog)
+    : log(messageLog), defines(messageLog),
+      templates("TEMPLATE", "TEMPLATE_INNER_CONTENT", messageLog),
+      repeat("REPEAT", nullptr, messageLog) {}
+
+CSkinParser::~CSkinParser() = default;
+
+void CSkinParser::ResetHandlers() {
+    startHandlers.clear();
+    endHandlers.clear();
+    RegisterPreprocessor();
+}
+
+void CSkinParser::SetRootElement(const char* name) { rootElementName = name ? name : ""; }
+
+bool CSkinParser::RegisterStartHandler(const char* name, CStartHandler* handler) {
+    std::unique_ptr<CStartHandler> owned(handler);
+    if (!name) {
+        return false;
+    }
+    startHandlers[name] = std::move(owned);
+    return true;
+}
+
+bool CSkinParser::RegisterEndHandler(const char* name, CEndHandler* handler) {
+    std::unique_ptr<CEndHandler> owned(handler);
+    if (!name) {
+        return false;
+    }
+    endHandlers[name] = std::move(owned);
+    return true;
+}
+
+void CSkinParser::AddVariable(const char* name, const char* value) {
+    if (name && value) {
+        variables[name] = value;
+    }
+}
+
+bool CSkinParser::Parse(const char* path) {
+    const CNumericLocaleScope numericLocale;
+    const CXMLLibraryUse library;
+    const CDocumentPlace placeBefore = log ? log->GetPlace() : CDocumentPlace();
+    TNameMap<std::string> given = std::move(variables);
+    Clear();
+    variables = std::move(given);
+    bool result = false;
+    if (library.IsReady()) {
+        const std::string rootFile = NormalizePath(path ? path : "");
+        rootFilePath = GetFolder(rootFile);
+        result = ParseFile(rootFile);
+    } else {
+        LogMessage(Core::kErrorMessage, "Unknown internal error");
+    }
+    Clear();
+    if (log) {
+        log->SetPlace(placeBefore);
+    }
+    return result;
+}
+
+void CSkinParser::Clear() {
+    templateInstances.clear(); // before the templates that they replay
+    defines.Clear();
+    templates.Clear();
+    repeat.Clear();
+    repeatCount = repeatStart = 0;
+    repeatIndexList.clear();
+    repeatIndexName.clear();
+    repeating = inDefine = inUndefine = inTemplate = rootSeen = false;
+    recorder.reset();
+    recordTag = nullptr;
+    variables.clear();
+    localVariables.clear();
+    includedOnce.clear();
+    rootFilePath.clear();
+    success = true;
+    depth = defineNesting = recordDepth = 0;
+    place = call = CDocumentPlace();
+    openLines.clear();
+    stopped = false;
+    filesOpen = fileElements = expandedElements = expandedDepth = 0;
+    expandedBytes = readBytes = 0;
+}
+
+bool CSkinParser::CheckFile(const std::string& path) {
+    const auto known = fileChecks.find(path);
+    const int result = known != fileChecks.end() ? known->second : ::access(path.c_str(), F_OK);
+    if (known == fileChecks.end()) {
+        fileChecks.emplace(path, result);
+    }
+    return result == 0;
+}
+
+bool CSkinParser::ParseFile(const std::string& path) {
+    if (filesOpen > SkinLimits::kIncludesNested) {
+        return Stop(path + ": included files are nested deeper than " +
+                    std::to_string(SkinLimits::kIncludesNested) +
+                    "; look for a file that includes itself, or use INCLUDE_ONCE");
+    }
+    const TSaved savedFile(currentFile, NormalizePath(path));
+    const TSaved savedName(
+        fileName, std::make_shared<const std::string>(GetRelativePath(currentFile, rootFilePath)));
+    // What cannot be opened is the fault of the element that names it; only for the root document
+    // is there none.
+    if (filesOpen == 0) {
+        StandAt(CDocumentPlace(fileName, 0));
+    }
+    if (!CheckFile(currentFile)) {
+        LogMessage(Core::kErrorMessage, currentFile + ": file does not exist");
+        return false;
+    }
+    std::string content;
+    std::string problem;
+    if (!Count(filesOpen > 0 ? SkinLimits::kFileCost : 0)) {
+        return false;
+    }
+    if (!ReadSkinFile(currentFile, content, problem)) {
+        return Fail(currentFile + ": " + problem);
+    }
+    readBytes += static_cast<long>(content.size());
+    if (readBytes > SkinLimits::kReadBytes) {
+        return Stop(currentFile + ": the files of the document are larger than " +
+                    std::to_string(SkinLimits::kReadBytes / 1024 / 1024) + " MB together");
+    }
+    const CDocumentPlace includedFrom = place;
+    const bool result = ReadFile(currentFile, content);
+    StandAt(includedFrom);
+    return result;
+}
+
+bool CSkinParser::ReadFile(const std::string& path, const std::string& content) {
+    CStartTagLines lines(content);
+    const TSaved savedLines(startTagLines, &lines);
+    const TSaved savedOpenLines(openLines, std::vector<int>());
+    const TSaved savedLocator(locator, static_cast<const xercesc::Locator*>(nullptr));
+    const TSaved savedCall(call, CDocumentPlace());
+    const TSaved savedElements(fileElements, 0);
+    const TSaved savedOpen(filesOpen, filesOpen + 1);
+    try {
+        const std::unique_ptr<xercesc::SAX2XMLReader> fileReader = CreateXMLReader(*this, [this] {
+            // The line of the reader, which is past the head of the DOCTYPE.
+            StandAt(
+                CDocumentPlace(fileName, locator ? static_cast<int>(locator->getLineNumber()) : 0));
+            Stop("a DOCTYPE is not allowed in a skin; remove it, and write out its entities");
+            throw CStopReading();
+        });
+        const TSaved savedReader(reader, fileReader.get());
+        const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(content.data()),
+                                                content.size(), path.c_str());
+        fileReader->parse(source);
+        return success;
+    } catch (const CStopReading&) {
+        return false; // and the log says why
+    } catch (const xercesc::OutOfMemoryException&) {
+        return Fail("Out of memory");
+    } catch (const std::bad_alloc&) {
+        return Fail("Out of memory");
+    } catch (...) {
+        return Fail("Internal error");
+    }
+}
+
+// -- What the XML reader sends -------------------------------------------------------------------
+
+void CSkinParser::setDocumentLocator(const xercesc::Locator* documentLocator) {
+    locator = documentLocator;
+}
+
+void CSkinParser::startElement(const XMLCh* /*uri*/, const XMLCh* /*localName*/,
+                               const XMLCh* qualifiedName,
+                               const xercesc::Attributes& readAttributes) {
+    int line = startTagLines->Next();
+    if (line == 0 && locator) {
+        line = static_cast<int>(locator->getLineNumber());
+    }
+    openLines.push_back(line);
+    StandAt(CDocumentPlace(fileName, line));
+    TranscodeXMLText(qualifiedName, currentElementName);
+    const XMLSize_t count = readAttributes.getLength();
+    if (count > static_cast<XMLSize_t>(SkinLimits::kAttributes)) {
+        Stop(currentElementName + ": " + TooMany("more attributes", SkinLimits::kAttributes));
+    } else if (static_cast<int>(openLines.size()) > SkinLimits::kFileDepth) {
+        Stop(currentElementName + ": elements of a file are nested " +
+             TooMany("deeper", SkinLimits::kFileDepth));
+    } else if (++fileElements > SkinLimits::kFileElements) {
+        Stop(TooMany("the file holds more elements", SkinLimits::kFileElements) +
+             "; split it into several files");
+    } else {
+        CXMLNamedAttributes attributes;
+        for (XMLSize_t i = 0; i < count; ++i) {
+            attributes.AddXMLAttribute(readAttributes.getQName(i), readAttributes.getValue(i));
+        }
+        // The name may change under way, as one element brings in others.
+        const std::string name = currentElementName;
+        static_cast<void>(OnElementStart(name.c_str(), attributes));
+    }
+    if (stopped) {
+        throw CStopReading();
+    }
+}
+
+void CSkinParser::endElement(const XMLCh* /*uri*/, const XMLCh* /*localName*/,
+                             const XMLCh* qualifiedName) {
+    StandAt(CDocumentPlace(fileName, openLines.back()));
+    openLines.pop_back();
+    TranscodeXMLText(qualifiedName, currentElementName);
+    const std::string name = currentElementName;
+    static_cast<void>(OnElementEnd(name.c_str()));
+    if (stopped) {
+        throw CStopReading();
+    }
+}
+
+void CSkinParser::warning(const xercesc::SAXParseException& exception) {
+    LogReaderMessage(Core::kWarningMessage, "", exception);
+}
+
+void CSkinParser::error(const xercesc::SAXParseException& exception) {
+    LogReaderMessage(Core::kErrorMessage, "line ", exception);
+    success = false;
+}
+
+void CSkinParser::fatalError(const xercesc::SAXParseException& exception) {
+    LogReaderMessage(Core::kErrorMessage, "Fatal error line ", exception);
+    success = false;
+}
+
+void CSkinParser::LogReaderMessage(Core::EMessageType type, const char* prefix,
+                                   const xercesc::SAXParseException& exception) {
+    const int line = static_cast<int>(exception.getLineNumber());
+    std::string message;
+    if (exception.getMessage()) {
+        TranscodeXMLText(exception.getMessage(), message);
+    }
+    StandAt(CDocumentPlace(fileName, line));
+    LogMessage(type, prefix + std::to_string(line) + ": " + message + " (" + *fileName + ")");
+}
+
+// -- Places and limits ---------------------------------------------------------------------------
+
+void CSkinParser::StandAt(const CDocumentPlace& newPlace) {
+    place = newPlace;
+    if (log) {
+        log->SetPlace(place);
+    }
+}
+
+void CSkinParser::SetElementPlace(const CDocumentPlace& elementPlace) {
+    StandAt(call.IsNowhere() ? elementPlace : elementPlace.CalledFrom(call));
+}
+
+bool CSkinParser::Count(int cost) {
+    expandedElements += cost;
+    if (expandedElements > SkinLimits::kExpandedElements) {
+        return Stop(
+            TooMany("the document expands to more elements", SkinLimits::kExpandedElements) +
+            "; look for repeats and templates within each other");
+    }
+    return true;
+}
+
+bool CSkinParser::CountElement(const CNamedAttributes& attributes) {
+    if (!Count(1)) {
+        return false;
+    }
+    if (++expandedDepth > SkinLimits::kExpandedDepth) {
+        return Stop(TooMany("expanded elements are nested deeper", SkinLimits::kExpandedDepth) +
+                    "; look for templates that call each other");
+    }
+    bool isTooLong = false;
+    attributes.ForEach([&](const char* /*name*/, const char* value) {
+        const std::size_t length = std::string_view(value).size();
+        isTooLong = isTooLong || length > static_cast<std::size_t>(SkinLimits::kTextBytes);
+        expandedBytes += static_cast<long>(length);
+    });
+    if (isTooLong) {
+        return Stop(TooMany("the value of an attribute has more bytes", SkinLimits::kTextBytes));
+    }
+    if (expandedBytes > SkinLimits::kExpandedBytes) {
+        return Stop("the values of all attributes are larger than " +
+                    std::to_string(SkinLimits::kExpandedBytes / 1024 / 1024) + " MB together");
+    }
+    return true;
+}
+
+void CSkinParser::LogMessage(Core::EMessageType type, const std::string& text) {
+    if (log) {
+        log->Log(type, text.c_str(), 0);
+    }
+}
+
+bool CSkinParser::Fail(const std::string& text) {
+    LogMessage(Core::kErrorMessage, text);
+    success = false;
+    return false;
+}
+
+bool CSkinParser::Stop(const std::string& text) {
+    if (!stopped) {
+        stopped = true;
+        Fail(text);
+    }
+    return false;
+}
+
+// -- The way of an element -----------------------------------------------------------------------
+
+bool CSkinParser::OnElementStart(const char* name, IConstNamedAttributes& attributes) {
+    if (stopped) {
+        return false;
+    }
+    if (auto* own = dynamic_cast<CNamedAttributes*>(&attributes)) {
+        return CountElement(*own) && Deliver(name, *own);
+    }
+    CNamedAttributes copy;
+    copy.Set(attributes);
+    return CountElement(copy) && Deliver(name, copy);
+}
+
+bool CSkinParser::Deliver(const char* name, CNamedAttributes& attributes) {
+    if (repeating) {
+        repeat.SetElementPlace(place);
+        repeat.OnElementStart(name, attributes);
+        return true;
+    }
+    if (inDefine) {
+        return Define(name, attributes);
+    }
+    if (inTemplate) {
+        templates.SetElementPlace(place);
+        templates.OnElementStart(name, attributes);
+        return true;
+    }
+    if (inUndefine) {
+        ++depth;
+        ++defineNesting;
+        defines.Undefine(name);
+        return true;
+    }
+    // An element may be defined by another one that is defined too.
+    std::string expanded;
+    for (int chained = 0; CheckRoot(name); ++chained) {
+        if (!defines.ExpandElement(name, attributes)) {
+            return DeliverExpanded(name, attributes);
+        }
+        if (chained == SkinLimits::kDefinitionsChained) {
+            return Stop(std::string(name) + ": definitions stand on each other " +
+                        TooMany("deeper", SkinLimits::kDefinitionsChained) +
+                        "; look for two with each other as base_type");
+        }
+        expanded = defines.GetBaseType(name);
+        name = expanded.c_str();
+    }
+    return false;
+}
+
+bool CSkinParser::Define(const char* name, CNamedAttributes& attributes) {
+    ++depth;
+    ++defineNesting;
+    if (startHandlers.contains(std::string_view(name))) {
+        return Fail(std::string(name) + ": you cannot redefine reserved elements. Please choose "
+                                        "another name for your definition");
+    }
+    Substitute(attributes);
+    defines.Define(name, attributes);
+    return true;
+}
+
+bool CSkinParser::CheckRoot(const char* name) {
+    if (rootElementName.empty()) {
+        return true;
+    }
+    const bool isRootName = name == rootElementName;
+    if (!std::exchange(rootSeen, true)) {
+        return isRootName || Fail("Invalid file: root element must be '" + rootElementName + "'");
+    }
+    return !isRootName ||
+           Fail("Invalid file: '" + rootElementName + "' is reserved for root element");
+}
+
+bool CSkinParser::DeliverExpanded(const char* name, CNamedAttributes& attributes) {
+    Substitute(attributes);
+    if (!templates.IsEmpty()) {
+        if (IParsedTemplate* called = templates.GetTemplates().Get(name)) {
+            return CallTemplate(*called, name, attributes);
+        }
+    }
+    if (recorder && recordDepth >= 0) {
+        ++recordDepth;
+        recorder->SetElementPlace(place);
+        recorder->OnElementStart(name, attributes);
+        return true;
+    }
+    ++depth;
+    const auto handler = startHandlers.find(std::string_view(name));
+    if (handler == startHandlers.end()) {
+        LogMessage(Core::kInfoMessage, "Skipping '" + std::string(name) + "': unknown tag");
+        return true;
+    }
+    currentElementName = name;
+    const bool result = handler->second->Execute(attributes);
+    success = success && result;
+    return result;
+}
+
+bool CSkinParser::CallTemplate(IParsedTemplate& called, const char* name,
+                               CNamedAttributes& attributes) {
+    constexpr int kMaximumInstances = 255;
+    if (called.GetInstancesCount() > kMaximumInstances) {
+        LogMessage(Core::kWarningMessage,
+                   "Recursion detected: '" + std::string(name) +
+                       " has been recursively instantiated more than 256 times.");
+        success = false;
+        templateInstances.push_back({});
+        return false;
+    }
+    const CDocumentPlace callPlace = call.IsNowhere() ? place : call;
+    std::unique_ptr<IParsedTemplateInstance> instance;
+    {
+        const TSaved savedCall(call, callPlace);
+        ++depth;
+        instance.reset(called.Instantiate(attributes, this));
+        --depth;
+    }
+    DropLocalVariables();
+    templateInstances.push_back({std::move(instance), callPlace});
+    return true;
+}
+
+bool CSkinParser::OnElementEnd(const char* name) {
+    if (stopped) {
+        return false;
+    }
+    --expandedDepth;
+    return DeliverEnd(name);
+}
+
+bool CSkinParser::DeliverEnd(const char* name) {
+    if (repeating && !repeat.IsOutermostEnd(name)) {
+        repeat.OnElementEnd(name);
+        return true;
+    }
+    if (inTemplate && !templates.IsOutermostEnd(name)) {
+        templates.OnElementEnd(name);
+        return true;
+    }
+    // What "DEFINE" holds has no end of its own.
+    if (defineNesting > 0) {
+        --defineNesting;
+        --depth;
+        DropLocalVariables();
+        return true;
+    }
+    std::string expanded;
+    for (int chained = 0; const char* base = defines.GetBaseType(name); ++chained) {
+        if (chained == SkinLimits::kDefinitionsChained) {
+            break;
+        }
+        expanded = base;
+        name = expanded.c_str();
+    }
+    if (!templates.IsEmpty() && templates.GetTemplates().Get(name)) {
+        ReturnToTemplate();
+        return true;
+    }
+    if (recorder && recordDepth > 0) {
+        --recordDepth;
+        recorder->OnElementEnd(name);
+        return true;
+    }
+    const bool result = CallEndHandler(name);
+    --depth;
+    DropLocalVariables();
+    success = success && result;
+    return result;
+}
+
+void CSkinParser::ReturnToTemplate() {
+    if (templateInstances.empty()) {
+        return;
+    }
+    CTemplateCall returned = std::move(templateInstances.back());
+    templateInstances.pop_back();
+    if (returned.instance) {
+        const TSaved savedCall(call, returned.place);
+        static_cast<void>(returned.instance->Resume());
+    }
+}
+
+bool CSkinParser::CallEndHandler(const char* name) {
+    const auto handler = endHandlers.find(std::string_view(name));
+    if (handler == endHandlers.end()) {
+        return true;
+    }
+    currentElementName = name;
+    return handler->second->Execute();
+}
+
+// -- Recording -----------------------------------------------------------------------------------
+
+void CSkinParser::StartRecording(void* tag) {
+    if (recorder) {
+        return;
+    }
+    recorder = std::make_unique<CTemplateParser>(nullptr, nullptr, nullptr);
+    recorder->SetElementPlace(place);
+    CNamedAttributes attributes;
+    attributes.SetValue("id", "RecordedContent");
+    static_cast<void>(recorder->OnTemplateStart(attributes));
+    recordTag = tag;
+    recordDepth = 0;
+}
+
+IParsedTemplate* CSkinParser::StopRecording(void** tag) {
+    if (tag) {
+        *tag = recordTag;
+    }
+    recordTag = nullptr;
+    const std::unique_ptr<CTemplateParser> finished = std::move(recorder);
+    if (!finished) {
+        return nullptr;
+    }
+    static_cast<void>(finished->OnTemplateEnd());
+    return finished->GetTemplates().Detach("RecordedContent");
+}
+
+// -- What later parsing needs --------------------------------------------------------------------
+
+bool CSkinParser::CPublicState::Serialize(Serialization::IWriteDataStream& stream) const {
+    return stream.WriteString("rootFilePath", parser.rootFilePath.c_str()) &&
+           stream.WriteString("currentFile", parser.currentFile.c_str());
+}
+
+bool CSkinParser::CPublicState::DeSerialize(const Serialization::IReadDataStream& stream) {
+    Containers::CCharString root;
+    Containers::CCharString file;
+    if (!Serialization::ReadItem(stream, "rootFilePath", root) ||
+        !Serialization::ReadItem(stream, "currentFile", file)) {
+        return false;
+    }
+    parser.rootFilePath = root.Get();
+    parser.currentFile = file.Get();
+    return true;
+}
+
+} // namespace Vorin::AppEngine
