@@ -8,5 +8,6 @@ namespace Workbench {
 COutcome RunScope(CArguments& arguments);
 COutcome RunDemo(CArguments& arguments);
 COutcome RunPreset(CArguments& arguments);
+COutcome RunFormula(CArguments& arguments);
 
 } // namespace Workbench

@@ -17,6 +17,7 @@ The workbench of the Ondara oscilloscope.
   scope   run a sound file through the oscilloscope, and write its curves or a picture
   demo    write a few seconds of sound to look at
   preset  look into presets, and say whether they would load
+  formula evaluate a formula of the skin language
 
 ondara COMMAND --help says more. Results go to the standard output or to a file, messages to the
 standard error. The exit status is 0 on success, 1 when the input is at fault, 2 on wrong usage.
@@ -31,6 +32,7 @@ constexpr CCommand kCommands[] = {
     {"scope", RunScope},
     {"demo", RunDemo},
     {"preset", RunPreset},
+    {"formula", RunFormula},
 };
 
 COutcome Run(int count, char** words) {
@@ -72,7 +74,8 @@ int main(int count, char** words) {
     } catch (const std::exception& error) {
         outcome = COutcome::BadInput(std::string("the work cannot be done: ") + error.what());
     }
-    if (!outcome) {
+    // A command whose messages say it all leaves none.
+    if (!outcome && !outcome.message.empty()) {
         // One line, whatever stands in the names that it quotes.
         std::fprintf(stderr, "ondara: %s\n", Printable(outcome.message).c_str());
     }
