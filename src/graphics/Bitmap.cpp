@@ -59,7 +59,7 @@ void CBitmap::SetContext(std::shared_ptr<CBitmapContext> newContext) {
 }
 
 std::unique_ptr<ISharedBitmap> CSharedBitmap::GetSharedBitmap() {
-    return std::unique_ptr<ISharedBitmap>(new CSharedBitmap(GetShared()));
+    return std::unique_ptr<ISharedBitmap>(new CSharedBitmap(*this));
 }
 
 } // namespace Vorin::Graphics

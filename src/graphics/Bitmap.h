@@ -56,6 +56,7 @@ class CBitmap : public virtual IBitmap {
 public:
     /// Null gives a bitmap without pixels.
     explicit CBitmap(std::shared_ptr<CBitmapContext> context);
+    CBitmap& operator=(const CBitmap&) = delete;
 
     const std::shared_ptr<CBitmapContext>& GetContext() const override { return shared->context; }
     Core::C2DSize GetSize() const override;
@@ -73,7 +74,8 @@ protected:
         std::shared_ptr<CBitmapContext> context;
     };
 
-    explicit CBitmap(std::shared_ptr<CShared> sharedBitmap) : shared(std::move(sharedBitmap)) {}
+    /// A further handle.
+    CBitmap(const CBitmap&) = default;
     const std::shared_ptr<CShared>& GetShared() const { return shared; }
 
 private:
@@ -88,10 +90,6 @@ public:
     std::unique_ptr<ISharedBitmap> GetSharedBitmap() override;
     Core::IEventProvider& GetChangedEvent() override { return GetShared()->changed; }
     int GetReferenceCount() const override { return static_cast<int>(GetShared().use_count()); }
-
-private:
-    explicit CSharedBitmap(std::shared_ptr<CShared> sharedBitmap)
-        : CBitmap(std::move(sharedBitmap)) {}
 };
 
 /// A bitmap around a context that belongs to somebody else, and is given up at destruction.

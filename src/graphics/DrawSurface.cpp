@@ -74,10 +74,14 @@ void CDrawSurface::Stroke(double x1, double y1, double x2, double y2) {
         return;
     }
     SetSource(cairo, colors.pen);
-    const bool isPoint = line.x1 == line.x2 && line.y1 == line.y2;
-    cairo_set_line_cap(cairo, isPoint ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_BUTT);
-    cairo_set_line_width(cairo, 1.0);
     cairo_new_path(cairo);
+    if (line.x1 == line.x2 && line.y1 == line.y2) {
+        cairo_rectangle(cairo, line.x1 - 0.5, line.y1 - 0.5, 1.0, 1.0);
+        cairo_fill(cairo);
+        return;
+    }
+    cairo_set_line_cap(cairo, CAIRO_LINE_CAP_BUTT);
+    cairo_set_line_width(cairo, 1.0);
     cairo_move_to(cairo, line.x1, line.y1);
     cairo_line_to(cairo, line.x2, line.y2);
     cairo_stroke(cairo);

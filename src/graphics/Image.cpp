@@ -13,12 +13,10 @@ Core::C2DSize CImage::GetSize() const {
 
 int CImage::GetBitsPerPixel() const { return shared->image ? shared->image->GetBitsPerPixel() : 0; }
 
-std::unique_ptr<IImage> CImage::Clone() const {
-    return std::unique_ptr<IImage>(new CImage(shared));
-}
+std::unique_ptr<IImage> CImage::Clone() const { return std::unique_ptr<IImage>(new CImage(*this)); }
 
 std::unique_ptr<ISharedImage> CImage::GetSharedImage() const {
-    return std::unique_ptr<ISharedImage>(new CSharedImage(shared));
+    return std::unique_ptr<ISharedImage>(new CSharedImage(*this));
 }
 
 void CImage::SetPlatformImage(std::shared_ptr<CPlatformImage> platformImage) {

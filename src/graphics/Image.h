@@ -45,7 +45,6 @@ class CImage : public virtual IImage {
 public:
     /// The first handle. Null gives an image without pixels.
     explicit CImage(std::shared_ptr<CPlatformImage> platformImage);
-    CImage(const CImage&) = delete;
     CImage& operator=(const CImage&) = delete;
 
     const std::shared_ptr<CPlatformImage>& GetPlatformImage() const override {
@@ -66,7 +65,8 @@ protected:
         std::shared_ptr<CPlatformImage> image;
     };
 
-    explicit CImage(std::shared_ptr<CShared> sharedImage) : shared(std::move(sharedImage)) {}
+    /// A further handle.
+    CImage(const CImage&) = default;
     const std::shared_ptr<CShared>& GetShared() const { return shared; }
 
 private:
@@ -82,7 +82,7 @@ public:
 
 private:
     friend class CImage;
-    explicit CSharedImage(std::shared_ptr<CShared> sharedImage) : CImage(std::move(sharedImage)) {}
+    explicit CSharedImage(const CImage& other) : CImage(other) {}
 };
 
 } // namespace Vorin::Graphics
