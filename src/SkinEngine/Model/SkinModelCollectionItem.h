@@ -1,0 +1,71 @@
+#pragma once
+
+#include "SkinEngine/Document/ParsedTemplate.h"
+#include "SkinEngine/Model/SkinCollectionItem.h"
+#include "SkinEngine/Model/SkinModel.h"
+#include "SkinEngine/Model/SkinModelContext.h"
+#include "containers/DynamicVector.h"
+#include "serialization/MemDataObject.h"
+
+#include <memory>
+
+namespace Vorin::AppEngine {
+
+/// An item of a collection in a model: a model of its own, whose objects are in the model around it
+/// too. It is enabled while that one is.
+class CSkinModelCollectionItem : public virtual ISkinCollectionItem {
+public:
+    explicit CSkinModelCollectionItem(CSkinModel& parentModel);
+    ~CSkinModelCollectionItem() override;
+
+    CSkinModelCollectionItem(const CSkinModelCollectionItem&) = delete;
+    CSkinModelCollectionItem& operator=(const CSkinModelCollectionItem&) = delete;
+
+    CSkinModel& GetModel() { return model; }
+
+    void Disconnect() override;
+
+private:
+    void OnParentEnabled() { model.SetEnabled(parent->IsEnabled()); }
+
+    CSkinModel* parent; // null once disconnected
+    CSkinModel model;
+    Core::TCommand<CSkinModelCollectionItem> parentEnabled{
+        this, &CSkinModelCollectionItem::OnParentEnabled};
+};
+
+/// Makes such items out of recorded elements, also long after the document was read.
+class CSkinModelCollectionItemFactory : public virtual ISkinCollectionItemFactory {
+public:
+    /// The model outlives the factory. The parser's state is copied.
+    CSkinModelCollectionItemFactory(CSkinModel& parentModel,
+                                    std::unique_ptr<IParsedTemplate> recordedContent,
+                                    const Serialization::ISerialize& parserState,
+                                    std::shared_ptr<CSkinModelContext> sharedContext);
+    ~CSkinModelCollectionItemFactory() override;
+
+    CSkinModelCollectionItemFactory(const CSkinModelCollectionItemFactory&) = delete;
+    CSkinModelCollectionItemFactory& operator=(const CSkinModelCollectionItemFactory&) = delete;
+
+    int GetCount() const override { return items.GetSize(); }
+    void Reserve(int delta) override;
+
+    /// False when there are as many items in the model as there may be. What goes wrong inside an
+    /// item leaves out a part of it, and stops no other one.
+    bool CreateItem(int index, const Containers::IConstNamedAttributes& attributes) override;
+    void DestroyItem(int index) override;
+    ISkinCollectionItem* GetItem(int index) override;
+    void Release(int delta) override;
+
+private:
+    void Fill(CSkinModelCollectionItem& item, const Containers::IConstNamedAttributes& attributes);
+
+    Containers::TDynamicVector<CSkinModelCollectionItem*, Containers::CStepGrowthStrategy> items{
+        Containers::CStepGrowthStrategy(1)};
+    CSkinModel& model;
+    std::unique_ptr<IParsedTemplate> content;
+    Serialization::CMemDataObject publicState;
+    std::shared_ptr<CSkinModelContext> context;
+};
+
+} // namespace Vorin::AppEngine
