@@ -9,5 +9,6 @@ COutcome RunScope(CArguments& arguments);
 COutcome RunDemo(CArguments& arguments);
 COutcome RunPreset(CArguments& arguments);
 COutcome RunFormula(CArguments& arguments);
+COutcome RunSkin(CArguments& arguments);
 
 } // namespace Workbench

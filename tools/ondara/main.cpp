@@ -18,6 +18,7 @@ The workbench of the Ondara oscilloscope.
   demo    write a few seconds of sound to look at
   preset  look into presets, and say whether they would load
   formula evaluate a formula of the skin language
+  skin    read a skin document, and print what it expands to
 
 ondara COMMAND --help says more. Results go to the standard output or to a file, messages to the
 standard error. The exit status is 0 on success, 1 when the input is at fault, 2 on wrong usage.
@@ -33,6 +34,7 @@ constexpr CCommand kCommands[] = {
     {"demo", RunDemo},
     {"preset", RunPreset},
     {"formula", RunFormula},
+    {"skin", RunSkin},
 };
 
 COutcome Run(int count, char** words) {

@@ -145,8 +145,7 @@ bool CSkinParser::OnVariableStart(const IConstNamedAttributes& attributes) {
     }
     double value = 0.0;
     if (!EvaluateFormula(formula, value)) {
-        LogMessage(Core::kErrorMessage, id + ":'" + formula + "' is an invalid formula.");
-        return false;
+        return FailFormula(id + ":'" + formula + "' is an invalid formula.");
     }
     variables[id] = GetFormulaText(value);
     return true;
@@ -192,8 +191,16 @@ void CSkinParser::Substitute(CNamedAttributes& attributes) {
     });
 }
 
+bool CSkinParser::FailFormula(const std::string& text) {
+    if (!stopped) { // else it was never looked at
+        LogMessage(Core::kErrorMessage, text);
+    }
+    return false;
+}
+
 bool CSkinParser::EvaluateFormula(const char* formula, double& value) {
-    if (!Count(SkinLimits::kFormulaCost)) {
+    const auto length = static_cast<int>(std::strlen(formula)); // at most kTextBytes
+    if (!Count(SkinLimits::kFormulaCost + length / 2)) {
         return false;
     }
     const std::unique_ptr<Math::IConstant> constant(ParseConstantFormula(formula));
@@ -218,10 +225,9 @@ bool CSkinParser::ReadInteger(const IConstNamedAttributes& attributes, const cha
     double result = 0.0;
     if (!EvaluateFormula(text, result)) {
         const auto line = locator ? static_cast<int>(locator->getLineNumber()) : 0;
-        LogMessage(Core::kErrorMessage,
-                   "Line " + std::to_string(line) + ":'" + text + "' is an invalid formula.");
         value = 0;
-        return false;
+        return FailFormula("Line " + std::to_string(line) + ":'" + text +
+                           "' is an invalid formula.");
     }
     value = ClampToInt(result);
     return true;

@@ -2,10 +2,14 @@
 
 #include "SkinEngine/Document/SkinLimits.h"
 
+#include "serialization/Utf8.h"
+
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
 #include <fcntl.h>
+#include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,6 +32,25 @@ public:
 
     const int number;
 };
+
+/// Whether an XML text says or shows that it is not in UTF-8.
+bool HasOtherEncoding(std::string_view text) {
+    if (text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff") ||
+        text.substr(0, 4).find('\0') != std::string_view::npos) {
+        return true;
+    }
+    const std::string_view declaration = text.substr(0, text.find("?>"));
+    if (!declaration.starts_with("<?xml")) {
+        return false;
+    }
+    const std::size_t encoding = declaration.find("encoding");
+    if (encoding == std::string_view::npos) {
+        return false;
+    }
+    const std::string_view value = declaration.substr(
+        std::min(declaration.find_first_of("'\"", encoding), declaration.size()));
+    return value.size() < 7 || ::strncasecmp(value.data() + 1, "utf-8", 5) != 0;
+}
 
 std::string CannotBeRead() { return std::string("cannot be read: ") + std::strerror(errno); }
 
@@ -67,6 +90,21 @@ bool ReadSkinFile(const std::string& path, std::string& content, std::string& pr
             return false;
         }
     }
+}
+
+int FindInvalidUtf8(std::string_view text) {
+    if (HasOtherEncoding(text)) {
+        return 0;
+    }
+    int line = 1;
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at != end;) {
+        line += *at == '\n' ? 1 : 0;
+        if (Serialization::NextCodePoint(at, end) == Serialization::kNoCodePoint) {
+            return line;
+        }
+    }
+    return 0;
 }
 
 } // namespace Vorin::AppEngine

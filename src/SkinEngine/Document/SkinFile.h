@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace Vorin::AppEngine {
 
@@ -8,5 +9,10 @@ namespace Vorin::AppEngine {
 /// `SkinLimits::kFileBytes` are read: a pipe would not end. On failure `problem` tells what is
 /// wrong, to stand behind the path.
 bool ReadSkinFile(const std::string& path, std::string& content, std::string& problem);
+
+/// The line, counted from 1, of the first byte that is no UTF-8; 0 when there is none, or when the
+/// text is in an encoding of its own. The XML reader finds such bytes too, but reads ahead so far
+/// that it cannot tell the line.
+int FindInvalidUtf8(std::string_view text);
 
 } // namespace Vorin::AppEngine

@@ -20,12 +20,12 @@ struct SkinLimits {
     static constexpr int kExpandedElements = 1'000'000;
     static constexpr int kExpandedDepth = 2048;               ///< elements and template calls
     static constexpr long kExpandedBytes = 64L * 1024 * 1024; ///< of all values
-    static constexpr long kReadBytes = 4L * kFileBytes;       ///< of all files
+    static constexpr long kReadBytes = 2L * kFileBytes;       ///< of all files
     static constexpr int kDefinitionsChained = 64;            ///< base types of base types
 
     // What takes longer than an element counts as so many of them.
     static constexpr int kFileCost = 200;
-    static constexpr int kFormulaCost = 20;
+    static constexpr int kFormulaCost = 50; ///< and one more for two bytes
 };
 
 } // namespace Vorin::AppEngine

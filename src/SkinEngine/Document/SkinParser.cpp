@@ -133,6 +133,7 @@ void CSkinParser::Clear() {
     recordTag = nullptr;
     variables.clear();
     localVariables.clear();
+    refusedElements.clear();
     includedOnce.clear();
     rootFilePath.clear();
     success = true;
@@ -185,7 +186,14 @@ bool CSkinParser::ParseFile(const std::string& path) {
                     std::to_string(SkinLimits::kReadBytes / 1024 / 1024) + " MB together");
     }
     const CDocumentPlace includedFrom = place;
-    const bool result = ReadFile(currentFile, content);
+    bool result = false;
+    if (const int line = FindInvalidUtf8(content); line > 0) {
+        LogReaderMessage(Core::kErrorMessage, "Fatal error line ", line,
+                         "invalid UTF-8; save the file as UTF-8, or declare its encoding");
+        success = false;
+    } else {
+        result = ReadFile(currentFile, content);
+    }
     StandAt(includedFrom);
     return result;
 }
@@ -289,11 +297,15 @@ void CSkinParser::fatalError(const xercesc::SAXParseException& exception) {
 
 void CSkinParser::LogReaderMessage(Core::EMessageType type, const char* prefix,
                                    const xercesc::SAXParseException& exception) {
-    const int line = static_cast<int>(exception.getLineNumber());
     std::string message;
     if (exception.getMessage()) {
         TranscodeXMLText(exception.getMessage(), message);
     }
+    LogReaderMessage(type, prefix, static_cast<int>(exception.getLineNumber()), message);
+}
+
+void CSkinParser::LogReaderMessage(Core::EMessageType type, const char* prefix, int line,
+                                   const std::string& message) {
     StandAt(CDocumentPlace(fileName, line));
     LogMessage(type, prefix + std::to_string(line) + ": " + message + " (" + *fileName + ")");
 }
@@ -313,10 +325,9 @@ void CSkinParser::SetElementPlace(const CDocumentPlace& elementPlace) {
 
 bool CSkinParser::Count(int cost) {
     expandedElements += cost;
-    if (expandedElements > SkinLimits::kExpandedElements) {
-        return Stop(
-            TooMany("the document expands to more elements", SkinLimits::kExpandedElements) +
-            "; look for repeats and templates within each other");
+    if (expandedElements > maximumExpanded) {
+        return Stop(TooMany("the document expands to more elements", maximumExpanded) +
+                    "; look for repeats and templates within each other");
     }
     return true;
 }
@@ -413,6 +424,7 @@ bool CSkinParser::Deliver(const char* name, CNamedAttributes& attributes) {
         expanded = defines.GetBaseType(name);
         name = expanded.c_str();
     }
+    refusedElements.push_back(expandedDepth); // so that its end is refused too
     return false;
 }
 
@@ -493,12 +505,17 @@ bool CSkinParser::OnElementEnd(const char* name) {
     if (stopped) {
         return false;
     }
-    --expandedDepth;
+    const int level = expandedDepth--;
+    if (!refusedElements.empty() && refusedElements.back() == level) {
+        refusedElements.pop_back();
+        return true;
+    }
     return DeliverEnd(name);
 }
 
 bool CSkinParser::DeliverEnd(const char* name) {
-    if (repeating && !repeat.IsOutermostEnd(name)) {
+    // Not so the end of a template call whose content is being repeated: it was called before.
+    if (repeating && repeat.IsElementOpen(name)) {
         repeat.OnElementEnd(name);
         return true;
     }
@@ -521,7 +538,9 @@ bool CSkinParser::DeliverEnd(const char* name) {
         expanded = base;
         name = expanded.c_str();
     }
-    if (!templates.IsEmpty() && templates.GetTemplates().Get(name)) {
+    // A template in the making may already have the name of the element that it is made with.
+    const bool isMaking = inTemplate && std::string_view(name) == "TEMPLATE";
+    if (!isMaking && !templates.IsEmpty() && templates.GetTemplates().Get(name)) {
         ReturnToTemplate();
         return true;
     }

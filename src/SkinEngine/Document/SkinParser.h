@@ -4,6 +4,7 @@
 #include "SkinEngine/Document/NameMap.h"
 #include "SkinEngine/Document/ParsedTemplate.h"
 #include "SkinEngine/Document/ParserElementHandler.h"
+#include "SkinEngine/Document/SkinLimits.h"
 #include "SkinEngine/Document/TemplateParser.h"
 #include "core/Command.h"
 #include "core/MessageLog.h"
@@ -117,6 +118,9 @@ public:
     /// Not owned. There is none to begin with, and "SCRIPT" is then ignored.
     void SetScriptEngine(IScriptEngine* engine) { scriptEngine = engine; }
 
+    /// Lowers the number of elements that a document may expand to.
+    void SetMaximumExpanded(int elements) { maximumExpanded = elements; }
+
     // IParserElementHandler: elements from files and templates alike.
     bool OnElementStart(const char* name, Containers::IConstNamedAttributes& attributes) override;
     bool OnElementEnd(const char* name) override;
@@ -179,6 +183,7 @@ private:
     bool CallEndHandler(const char* name);
 
     bool EvaluateFormula(const char* formula, double& value);
+    bool FailFormula(const std::string& text);
     bool ReadInteger(const Containers::IConstNamedAttributes& attributes, const char* name,
                      int& value);
     void ReplayOnce(IParsedTemplate& body, const std::string& indexName, const std::string& index);
@@ -191,6 +196,8 @@ private:
     void StandAt(const Core::CDocumentPlace& newPlace);
     void LogReaderMessage(Core::EMessageType type, const char* prefix,
                           const xercesc::SAXParseException& exception);
+    void LogReaderMessage(Core::EMessageType type, const char* prefix, int line,
+                          const std::string& message);
 
     TNameMap<std::unique_ptr<CStartHandler>> startHandlers;
     TNameMap<std::unique_ptr<CEndHandler>> endHandlers;
@@ -223,6 +230,7 @@ private:
     std::set<std::string> includedOnce;
     std::vector<CTemplateCall> templateInstances;
     std::vector<CLocalVariable> localVariables;
+    std::vector<int> refusedElements; // as levels of `expandedDepth`
     int depth = 0;
     IScriptEngine* scriptEngine = nullptr;
     CPublicState publicState{*this};
@@ -235,6 +243,7 @@ private:
     std::vector<int> openLines;              // of the elements open in the files being read
 
     // What has been used of the limits.
+    int maximumExpanded = SkinLimits::kExpandedElements;
     bool stopped = false;
     int filesOpen = 0;
     int fileElements = 0;

@@ -61,6 +61,11 @@ public:
     /// Where what is recorded next stands.
     void SetElementPlace(const Core::CDocumentPlace& elementPlace) { place = elementPlace; }
 
+    /// Whether an end tag of that name is that of the element recorded last.
+    bool IsElementOpen(const char* name) const {
+        return nodeStack.size() > 1 && nodeStack.back()->name == name;
+    }
+
     /// Whether an end tag of that name is that of the template itself.
     bool IsOutermostEnd(const char* name) const;
 

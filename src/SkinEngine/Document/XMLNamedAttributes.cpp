@@ -12,7 +12,7 @@ void AppendUtf8(std::string& text, std::uint32_t codePoint) {
         return;
     }
     const int following = codePoint < 0x800 ? 1 : codePoint < 0x10000 ? 2 : 3;
-    const std::uint32_t lead = 0xf00u >> following & 0xffu;
+    const std::uint32_t lead = 0xff00u >> (following + 1) & 0xffu; // 110, 1110 or 11110
     text += static_cast<char>(lead | codePoint >> (6 * following));
     for (int i = following - 1; i >= 0; --i) {
         text += static_cast<char>(0x80u | (codePoint >> (6 * i) & 0x3fu));

@@ -39,8 +39,8 @@ public:
         setProperty(XMLUni::fgXercesSecurityManager, &securityManager);
     }
 
-    /// Called when the head of a DOCTYPE has been read. The library's own interface for lexical
-    /// events keeps back one that is empty.
+    /// Called when the head of a DOCTYPE has been read. The handler for lexical events would not
+    /// hear of one that is empty.
     void doctypeDecl(const xercesc::DTDElementDecl& /*root*/, const XMLCh* const /*publicId*/,
                      const XMLCh* const /*systemId*/, const bool /*hasInternalSubset*/,
                      const bool /*hasExternalSubset*/) override {
@@ -93,6 +93,7 @@ std::unique_ptr<xercesc::SAX2XMLReader> CreateXMLReader(xercesc::DefaultHandler&
     auto reader = std::make_unique<CSkinXMLReader>(std::move(refuseDoctype));
     reader->setContentHandler(&handler);
     reader->setErrorHandler(&handler);
+    reader->setLexicalHandler(&handler); // else the reader looks for no DOCTYPE
     return reader;
 }
 

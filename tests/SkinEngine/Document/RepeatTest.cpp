@@ -79,6 +79,13 @@ TEST_F(CRepeatTest, MayCallTemplatesAndStandInThem) {
                       "<B x=\"r\"><C></C><C></C></B></A>");
 }
 
+TEST_F(CRepeatTest, RepeatsTheContentOfATemplateToo) {
+    EXPECT_TRUE(Parse("<A><TEMPLATE id=\"T\"><REPEAT count=\"2\"><B x=\"$index$\">"
+                      "<TEMPLATE_INNER_CONTENT/></B></REPEAT></TEMPLATE>"
+                      "<T><C x=\"$index$\"/></T></A>"));
+    EXPECT_EQ(stream, "<A><B x=\"0\"><C x=\"0\"></C></B><B x=\"1\"><C x=\"1\"></C></B></A>");
+}
+
 TEST_F(CRepeatTest, TakesVariablesForItsAttributesAndItsBody) {
     EXPECT_TRUE(Parse("<A><VARIABLE id=\"n\" value=\"2\"/><REPEAT count=\"$n$\">"
                       "<VARIABLE id=\"v$index$\" formula=\"$index$*10\"/></REPEAT>"

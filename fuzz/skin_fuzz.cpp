@@ -1,0 +1,95 @@
+// Any bytes as a skin document. Form feeds divide them into the root document and the files that it
+// may include by the names b.xml, c.xml and so on. Whatever comes, a second parse says the same as
+// the first, and one that fails says why.
+#include "SkinEngine/Document/SkinElements.h"
+#include "SkinEngine/Document/SkinParser.h"
+#include "SkinEngine/Document/XMLReading.h"
+#include "containers/MemMessageLog.h"
+#include "fuzz/Explore.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace Vorin;
+using namespace Vorin::AppEngine;
+
+class CSkinFuzz {
+public:
+    CSkinFuzz() {
+        std::string name = (std::filesystem::temp_directory_path() / "skin-fuzz-XXXXXX").string();
+        Fuzz::Require(mkdtemp(name.data()));
+        folder = name;
+    }
+    ~CSkinFuzz() { std::filesystem::remove_all(folder); }
+    CSkinFuzz(const CSkinFuzz&) = delete;
+    CSkinFuzz& operator=(const CSkinFuzz&) = delete;
+
+    void Run(std::string_view bytes) {
+        char name[] = "a.xml";
+        for (std::size_t begin = 0; begin <= bytes.size() && name[0] <= 'd'; ++name[0]) {
+            const std::size_t end = std::min(bytes.find('\f', begin), bytes.size());
+            std::ofstream(folder / name, std::ios::binary) << bytes.substr(begin, end - begin);
+            begin = end + 1;
+        }
+        CoreUtilities::CMemMessageLog log;
+        CSkinParser parser(&log);
+        Register(parser);
+        const int delivered = Parse(parser, log);
+        Fuzz::Require(Parse(parser, log) == delivered); // nothing stays behind
+        for (char stale = 'a'; stale < name[0]; ++stale) {
+            std::filesystem::remove(folder / (std::string(1, stale) + ".xml"));
+        }
+    }
+
+private:
+    using Attributes = Containers::IConstNamedAttributes;
+
+    void Register(CSkinParser& parser) {
+        parser.SetMaximumExpanded(2000); // a million would only take its time
+        parser.ResetHandlers();
+        for (const std::string_view element : GetSkinElements()) {
+            const std::string name(element);
+            parser.RegisterStartHandler(
+                name.c_str(), new Core::TArgReturnCommand<CSkinFuzz, bool, const Attributes&>(
+                                  this, &CSkinFuzz::OnStart));
+            parser.RegisterEndHandler(
+                name.c_str(), new Core::TReturnCommand<CSkinFuzz, bool>(this, &CSkinFuzz::OnEnd));
+        }
+    }
+
+    /// How many calls the handlers got, negative for a parse that failed.
+    int Parse(CSkinParser& parser, CoreUtilities::CMemMessageLog& log) {
+        log.Clear();
+        calls = 1;
+        parser.AddVariable("v", "1");
+        const bool isSound = parser.Parse((folder / "a.xml").c_str());
+        Fuzz::Require(isSound || log.GetCount() > 0);
+        return isSound ? calls : -calls;
+    }
+
+    bool OnStart(const Attributes& /*attributes*/) {
+        ++calls;
+        return true;
+    }
+    bool OnEnd() {
+        ++calls;
+        return true;
+    }
+
+    std::filesystem::path folder;
+    int calls = 0;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const CXMLLibraryUse library; // once is enough
+    static CSkinFuzz fuzz;
+    fuzz.Run({reinterpret_cast<const char*>(data), size});
+    return 0;
+}
