@@ -1,17 +1,22 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 namespace Vorin::Math {
 
 /// One visit of a proxy to its target, for as long as it lasts; visits of a thread nest.
 ///
 /// Proxies tie together functions that know nothing of each other, so that a function may come to
 /// stand below itself, or a chain of them may become longer than a stack is deep. Such a visit is
-/// not allowed, and the proxy does without its target.
+/// not allowed, and the proxy does without its target. How deep the functions between two proxies
+/// are is not known either: so the stack that visits take is limited, too.
 class CProxyVisit {
 public:
     explicit CProxyVisit(const void* visitedTarget) : target(visitedTarget), outer(innermost) {
         depth = outer ? outer->depth + 1 : 1;
-        isAllowed = depth <= kMaximumDepth;
+        begin = outer ? outer->begin : GetPosition();
+        isAllowed = depth <= kMaximumDepth && GetUsedStack() <= kMaximumStack;
         for (const CProxyVisit* visit = outer; visit && isAllowed; visit = visit->outer) {
             isAllowed = visit->target != target;
         }
@@ -25,8 +30,16 @@ public:
     bool IsAllowed() const { return isAllowed; }
 
     static constexpr int kMaximumDepth = 64;
+    static constexpr std::size_t kMaximumStack = 3U << 20U; ///< bytes, of the 8 MB that are usual
 
 private:
+    /// Where on the stack this visit is.
+    std::uintptr_t GetPosition() const { return reinterpret_cast<std::uintptr_t>(this); }
+    std::size_t GetUsedStack() const {
+        const std::uintptr_t position = GetPosition();
+        return position < begin ? begin - position : position - begin;
+    }
+
     // Read straight from the thread's block: a call would cost more than the visit.
     [[gnu::tls_model(
         "initial-exec")]] static inline constinit thread_local const CProxyVisit* innermost =
@@ -34,6 +47,7 @@ private:
 
     const void* const target;
     const CProxyVisit* const outer;
+    std::uintptr_t begin = 0; // of the outermost visit
     int depth = 0;
     bool isAllowed = true;
 };

@@ -121,7 +121,10 @@ std::unique_ptr<F> TLocalFormulaBuilder<F>::BuildBinary(const CFormulaNode& node
         return nullptr;
     }
     std::unique_ptr<F> first = Build(node.GetChild(0));
-    std::unique_ptr<F> second = first ? Build(node.GetChild(1)) : nullptr;
+    if (!first) {
+        return nullptr;
+    }
+    std::unique_ptr<F> second = Build(node.GetChild(1));
     if (!second) {
         return nullptr;
     }

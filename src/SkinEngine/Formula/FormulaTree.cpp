@@ -6,8 +6,8 @@
 #include <cstring>
 
 // Last: they define macros such as OR and GT.
-#include "FormulaLexer.h"
-#include "FormulaParser.h"
+#include <FormulaLexer.h>
+#include <FormulaParser.h>
 
 namespace Vorin::AppEngine {
 

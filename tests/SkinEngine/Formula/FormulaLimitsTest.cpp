@@ -103,19 +103,43 @@ TEST(FormulaLimitsTest, TheDeepestFormulaCanBeUsedAsAnyOther) {
     EXPECT_EQ(formula->GetFunction()->Evaluate(1.0), 2049.0);
 }
 
-TEST(FormulaLimitsTest, ManyDeepFormulasCanReadEachOther) {
-    // As many as one function may lead through, each as deep as can be.
-    const std::string text = Repeat("x*", kDepth - 1) + "1*f(x)";
-    std::vector<std::unique_ptr<TParametrizedFunction<Math::IFunction>>> formulas;
-    for (int i = 0; i < 64; ++i) {
+using DeepFormulas = std::vector<std::unique_ptr<TParametrizedFunction<Math::IFunction>>>;
+
+/// So many formulas, each as deep as can be, that read the one before where they are deepest.
+DeepFormulas MakeDeepFormulas(int count) {
+    const std::string text = "f(x)" + Repeat("*1", kDepth - 1);
+    DeepFormulas formulas;
+    for (int i = 0; i < count; ++i) {
         formulas.push_back(ParseParametrizedFunction(text.c_str()));
-        ASSERT_TRUE(formulas.back());
         if (i > 0) {
-            formulas[static_cast<std::size_t>(i)]->SetFunction(
-                "f", *formulas[static_cast<std::size_t>(i) - 1]->GetFunction());
+            formulas.back()->SetFunction("f",
+                                         *formulas[static_cast<std::size_t>(i) - 1]->GetFunction());
         }
     }
-    EXPECT_EQ(formulas.back()->GetFunction()->Evaluate(1.0), 1.0);
+    return formulas;
+}
+
+TEST(FormulaLimitsTest, DeepFormulasCanReadEachOther) {
+    const DeepFormulas formulas = MakeDeepFormulas(4);
+    EXPECT_EQ(formulas.back()->GetFunction()->Evaluate(7.0), 7.0);
+    const std::unique_ptr<Math::IFunction> clone(formulas.back()->GetFunction()->Clone());
+    EXPECT_EQ(clone->Evaluate(7.0), 7.0);
+}
+
+TEST(FormulaLimitsTest, SoManyDeepFormulasThatNoStackIsLargeEnoughAreCutShort) {
+    // As many as may read through each other. Where it is cut depends on how much each level takes.
+    const DeepFormulas formulas = MakeDeepFormulas(64);
+    const Math::IFunction& deepest = *formulas.back()->GetFunction();
+    const double value = deepest.Evaluate(7.0);
+    EXPECT_TRUE(value == 7.0 || value == 0.0) << value;
+    const std::unique_ptr<Math::IFunction> clone(deepest.Clone());
+    EXPECT_NE(clone, nullptr);
+    int parts = 0;
+    Math::WalkFunctionTree(deepest, [&parts](const Serialization::ISerialize&) {
+        ++parts;
+        return true;
+    });
+    EXPECT_GT(parts, kDepth);
 }
 
 TEST(FormulaLimitsTest, RowsOfTheSameCharacterEndWell) {
