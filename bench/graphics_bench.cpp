@@ -1,7 +1,9 @@
-// The curve routines beside Cairo's, on the same points and a picture of the same format and size.
+// The curve routines beside Cairo's, on the same points and a picture of the same format and size;
+// then images beside the libraries that they stand on.
 //
-// Ends with one line per ratio: how many times longer Cairo takes. The two sides take turns, and
-// each is judged by its fastest pass.
+// Ends with one line per ratio: for curves, how many times longer Cairo takes; for images, how many
+// times as long as the library alone we take. The two sides take turns, and each is judged by its
+// fastest pass.
 
 #include <benchmark/benchmark.h>
 #include <cairo.h>
@@ -15,8 +17,12 @@
 #include <string>
 #include <vector>
 
+#include "bench/ImagePeers.h"
 #include "bench/Ratio.h"
 #include "graphics/DIBBitmap.h"
+#include "graphics/images/ImageFile.h"
+#include "graphics/images/ImageGraphics.h"
+#include "graphics/images/MultiFilmStripDrawer.h"
 
 namespace {
 
@@ -156,6 +162,85 @@ void PrintRatios() {
             [&] { cairo.DrawWhole(curve); });
 }
 
+void PrintPngRatio() {
+    const Bench::CBenchFile file("graphics_bench.png", Bench::MakePng(2000, 2000));
+    const double ratio = Bench::MeasureRatio(
+        [&] { Bench::MustHold(Vorin::Graphics::LoadImageFile(file.path.c_str()).hasAlpha); }, 1,
+        [&] { Bench::DecodeBare(file.path); }, 1);
+    Bench::PrintRatio("LoadPng/2000x2000", ratio, 1.3);
+}
+
+std::unique_ptr<Vorin::Graphics::CImageElement>
+MakeElement(const std::shared_ptr<Vorin::Graphics::CPlatformImage>& image, bool opaque) {
+    auto handle = std::make_unique<Vorin::Graphics::CImage>(image);
+    if (opaque) {
+        return std::make_unique<Vorin::Graphics::CNormalImageElement>(std::move(handle));
+    }
+    return std::make_unique<Vorin::Graphics::CAlphaImageElement>(std::move(handle), 255);
+}
+
+/// A knob of 64 frames, redrawn in one frame after the other.
+void PrintFilmStripRatio(int side, bool opaque) {
+    constexpr int kFrames = 64;
+    const auto strip = Bench::MakeBenchImage({side, side * kFrames}, opaque);
+    Vorin::Graphics::CMultiFilmStripDrawer drawer;
+    drawer.GetCatalog().SetCount(1);
+    drawer.GetCatalog().SetElement(0, MakeElement(strip, opaque));
+    drawer.SetFrameCount(kFrames);
+    drawer.FitToImages();
+    CDIBBitmap bitmap({kWidth, kHeight}, 32);
+    const auto surface = bitmap.CreateSurface();
+    Bench::CBareCairo cairo(kWidth, kHeight);
+    int frame = 0;
+    int cairoFrame = 0;
+    const double ratio = Bench::MeasureRatio(
+        [&] {
+            drawer.SetCurrentFrame(++frame % kFrames);
+            drawer.Draw(*surface, nullptr);
+        },
+        512,
+        [&] {
+            cairo.Blit(strip->GetCairoSurface(), 0, ++cairoFrame % kFrames * side, 0, 0, side,
+                       side);
+        },
+        512, 100);
+    const std::string name = "FilmStripFrame/" + std::to_string(side) + (opaque ? "" : "/alpha");
+    Bench::PrintRatio(name.c_str(), ratio, 1.3);
+}
+
+/// A background of tiles, all of it and a dirty part.
+void PrintTilesRatio(int side, bool opaque, const Vorin::Core::C2DRectangle& dirty) {
+    const auto tile = Bench::MakeBenchImage({side, side}, opaque);
+    Vorin::Graphics::CImageGraphics graphics;
+    graphics.SetElement(MakeElement(tile, opaque));
+    graphics.SetDrawMode(Vorin::Graphics::CImageGraphics::kRepeat);
+    graphics.SetSize({kWidth, kHeight});
+    const Vorin::Graphics::CSimple2DRegion region(dirty);
+    CDIBBitmap bitmap({kWidth, kHeight}, 32);
+    const auto surface = bitmap.CreateSurface();
+    Bench::CBareCairo cairo(kWidth, kHeight);
+    const double ratio = Bench::MeasureRatio(
+        [&] { graphics.Draw(*surface, &region); }, 100,
+        [&] { cairo.Repeat(tile->GetCairoSurface(), dirty.x, dirty.y, dirty.width, dirty.height); },
+        100);
+    const std::string name = "Tiles/" + std::to_string(side) + "/" + std::to_string(dirty.width) +
+                             "x" + std::to_string(dirty.height) + (opaque ? "" : "/alpha");
+    Bench::PrintRatio(name.c_str(), ratio, 1.5);
+}
+
+void PrintImageRatios() {
+    PrintPngRatio();
+    for (const bool opaque : {true, false}) {
+        for (const int side : {32, 64, 128}) {
+            PrintFilmStripRatio(side, opaque);
+        }
+        for (const int side : {4, 16, 64, 256}) {
+            PrintTilesRatio(side, opaque, {0, 0, kWidth, kHeight});
+            PrintTilesRatio(side, opaque, {37, 53, 100, 60});
+        }
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -163,5 +248,6 @@ int main(int argc, char** argv) {
         return 1;
     }
     PrintRatios();
+    PrintImageRatios();
     return 0;
 }

@@ -42,6 +42,9 @@ public:
     cairo_t* BeginCairo();
     /// The same for drawing that stays within `area`, relative to the origin.
     cairo_t* BeginCairo(const Core::C2DRectangle& area);
+    /// The same with the part of `area` that can show as the current path, which is never too large
+    /// for Cairo.
+    cairo_t* BeginCairoPath(const Core::C2DRectangle& area);
 
     /// The first row of the pixels, to be read and written by hand within `area`, in pixels of the
     /// bitmap. Null when there are none.
@@ -69,6 +72,15 @@ public:
     void Restore();
 
 private:
+    /// Origin and clip at one look.
+    struct CView {
+        Origin origin;
+        Core::C2DRectangle clip;
+    };
+    CView GetView() const;
+    static Core::C2DRectangle GetVisiblePart(const Core::C2DRectangle& rectangle,
+                                             const CView& view);
+
     struct FreeCairo {
         void operator()(cairo_t* context) const { cairo_destroy(context); }
     };

@@ -145,9 +145,8 @@ void CDrawSurface::SetFillColor(const RGB& color) { colors.fill = color; }
 
 void CDrawSurface::FillRectangle(const Core::C2DRectangle& rectangle) {
     if (context) {
-        if (cairo_t* cairo = context->BeginCairo(rectangle)) {
+        if (cairo_t* cairo = context->BeginCairoPath(rectangle)) {
             SetSource(cairo, colors.fill);
-            AddVisibleRectangle(*context, cairo, rectangle);
             cairo_fill(cairo);
         }
     }

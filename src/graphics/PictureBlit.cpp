@@ -53,15 +53,6 @@ CBitmapPicture::~CBitmapPicture() {
     }
 }
 
-void AddVisibleRectangle(const CDrawContext& context, cairo_t* cairo,
-                         const Core::C2DRectangle& rectangle) {
-    const Core::C2DRectangle visible = context.GetVisiblePart(rectangle);
-    const CDrawContext::Origin origin = context.GetOrigin();
-    cairo_new_path(cairo);
-    cairo_rectangle(cairo, static_cast<double>(visible.x - origin.x),
-                    static_cast<double>(visible.y - origin.y), visible.width, visible.height);
-}
-
 void BlitPicture(CDrawContext& context, const CPictureSource& source,
                  const Core::C2DRectangle& from, const Core::C2DPoint& to, int alpha) {
     const Core::C2DRectangle part = from.Intersect({Core::C2DPoint{}, source.size});
@@ -75,13 +66,12 @@ void BlitPicture(CDrawContext& context, const CPictureSource& source,
     if (place.x != left || place.y != top) {
         return;
     }
-    cairo_t* cairo = context.BeginCairo(place);
+    cairo_t* cairo = context.BeginCairoPath(place);
     if (!cairo) {
         return;
     }
     cairo_set_source_surface(cairo, source.surface, static_cast<double>(left - part.x),
                              static_cast<double>(top - part.y));
-    AddVisibleRectangle(context, cairo, place);
     if (alpha >= kOpaque) {
         cairo_fill(cairo);
     } else {
@@ -90,8 +80,6 @@ void BlitPicture(CDrawContext& context, const CPictureSource& source,
         cairo_paint_with_alpha(cairo, alpha * 0.003921569);
         context.Restore();
     }
-    // The context must not keep a reference to what it drew.
-    cairo_set_source_rgb(cairo, 0.0, 0.0, 0.0);
 }
 
 void StretchPicture(CDrawContext& context, const CPictureSource& source,
@@ -100,7 +88,7 @@ void StretchPicture(CDrawContext& context, const CPictureSource& source,
     if (!source.surface || part.IsEmpty() || to.IsEmpty()) {
         return;
     }
-    cairo_t* cairo = context.BeginCairo(to);
+    cairo_t* cairo = context.BeginCairoPath(to);
     if (!cairo) {
         return;
     }
@@ -115,9 +103,7 @@ void StretchPicture(CDrawContext& context, const CPictureSource& source,
     cairo_pattern_set_matrix(pattern, &matrix);
     cairo_set_source(cairo, pattern);
     cairo_pattern_destroy(pattern);
-    AddVisibleRectangle(context, cairo, to);
     cairo_fill(cairo);
-    cairo_set_source_rgb(cairo, 0.0, 0.0, 0.0);
 }
 
 } // namespace Vorin::Graphics

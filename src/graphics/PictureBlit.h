@@ -36,11 +36,6 @@ private:
     cairo_surface_t* copy = nullptr;
 };
 
-/// Makes the part of `rectangle` that can show the path, so that it is never too large for Cairo.
-/// `rectangle` is relative to the origin.
-void AddVisibleRectangle(const CDrawContext& context, cairo_t* cairo,
-                         const Core::C2DRectangle& rectangle);
-
 /// Draws the part `from` of a picture with its top left corner at `to`; what of it lies outside the
 /// picture is left out. `alpha` is 0 to 255, other values mean the nearer end.
 void BlitPicture(CDrawContext& context, const CPictureSource& source,

@@ -13,11 +13,40 @@ int GetTileOffset(int coordinate, int side) {
     return remainder < 0 ? remainder + side : remainder;
 }
 
+/// Visits the tiles of `tile` pixels that have a part in `area`, the first tile lying at (0, 0):
+/// `function` gets the part, and where it begins within its tile.
+template <class F>
+void ForEachTile(const Core::C2DRectangle& area, const Core::C2DSize& tile, F function) {
+    const int firstX = GetTileOffset(area.x, tile.width);
+    int sourceY = GetTileOffset(area.y, tile.height);
+    for (int y = 0; y < area.height;) {
+        const int height = std::min(tile.height - sourceY, area.height - y);
+        int sourceX = firstX;
+        for (int x = 0; x < area.width;) {
+            const int width = std::min(tile.width - sourceX, area.width - x);
+            function(Core::C2DRectangle(area.x + x, area.y + y, width, height),
+                     Core::C2DPoint{sourceX, sourceY});
+            x += width;
+            sourceX = 0;
+        }
+        y += height;
+        sourceY = 0;
+    }
+}
+
+/// How many times a side of a tile is repeated in a block: a drawing call costs as much as copying
+/// some thousand pixels.
+int GetBlockSide(int tileSide) {
+    constexpr int kLeastSide = 128;
+    return (kLeastSide + tileSide - 1) / tileSide * tileSide;
+}
+
 } // namespace
 
 void CImageGraphics::SetElement(std::unique_ptr<CImageElement> element) {
     catalog.SetElement(0, std::move(element));
     stretchedDirty = true;
+    tileBlock.reset();
     Invalidate();
 }
 
@@ -33,12 +62,7 @@ void CImageGraphics::Draw(IDrawSurface& surface, const ISimple2DRegion* region) 
         break;
     case kStretch:
         if (CDIBBitmap* bitmap = GetStretched()) {
-            const Core::C2DPoint position = area.GetPosition();
-            if (catalog.IsTransparent(0)) {
-                surface.DrawBitmapAlpha(*bitmap, position, position, area.GetSize(), 255);
-            } else {
-                surface.DrawBitmap(*bitmap, position, position, area.GetSize());
-            }
+            DrawPrepared(surface, *bitmap, area, area.GetPosition());
         }
         break;
     default:
@@ -46,25 +70,49 @@ void CImageGraphics::Draw(IDrawSurface& surface, const ISimple2DRegion* region) 
     }
 }
 
-void CImageGraphics::DrawTiles(IDrawSurface& surface, const Core::C2DRectangle& area) const {
+void CImageGraphics::DrawPrepared(IDrawSurface& surface, CDIBBitmap& bitmap,
+                                  const Core::C2DRectangle& area,
+                                  const Core::C2DPoint& source) const {
+    if (catalog.IsTransparent(0)) {
+        surface.DrawBitmapAlpha(bitmap, source, area.GetPosition(), area.GetSize(), 255);
+    } else {
+        surface.DrawBitmap(bitmap, source, area.GetPosition(), area.GetSize());
+    }
+}
+
+void CImageGraphics::DrawTiles(IDrawSurface& surface, const Core::C2DRectangle& area) {
     const Core::C2DSize tile = catalog.GetElementSize(0);
     if (tile.IsEmpty() || area.IsEmpty()) {
         return;
     }
-    const int firstX = GetTileOffset(area.x, tile.width);
-    int sourceY = GetTileOffset(area.y, tile.height);
-    for (int y = 0; y < area.height;) {
-        const int height = std::min(tile.height - sourceY, area.height - y);
-        int sourceX = firstX;
-        for (int x = 0; x < area.width;) {
-            const int width = std::min(tile.width - sourceX, area.width - x);
-            catalog.Draw(0, surface, {area.x + x, area.y + y, width, height}, {sourceX, sourceY});
-            x += width;
-            sourceX = 0;
-        }
-        y += height;
-        sourceY = 0;
+    if (CDIBBitmap* block = GetTileBlock(tile)) {
+        ForEachTile(area, block->GetSize(),
+                    [&](const Core::C2DRectangle& part, const Core::C2DPoint& source) {
+                        DrawPrepared(surface, *block, part, source);
+                    });
+    } else {
+        ForEachTile(area, tile, [&](const Core::C2DRectangle& part, const Core::C2DPoint& source) {
+            catalog.Draw(0, surface, part, source);
+        });
     }
+}
+
+CDIBBitmap* CImageGraphics::GetTileBlock(const Core::C2DSize& tile) {
+    const Core::C2DSize size{GetBlockSide(tile.width), GetBlockSide(tile.height)};
+    if (size == tile) {
+        return nullptr;
+    }
+    if (!tileBlock) {
+        const CPlatformImage& image = *catalog.GetImage(0)->GetPlatformImage();
+        const bool opaque = !image.HasAlpha() && !catalog.IsTransparent(0);
+        tileBlock = std::make_unique<CDIBBitmap>(size, opaque ? 24 : 32);
+        const std::unique_ptr<IDrawSurface> sheet = tileBlock->CreateSurface();
+        ForEachTile({Core::C2DPoint{}, size}, tile,
+                    [&](const Core::C2DRectangle& part, const Core::C2DPoint& source) {
+                        catalog.Draw(0, *sheet, part, source);
+                    });
+    }
+    return tileBlock->GetContext() ? tileBlock.get() : nullptr;
 }
 
 CDIBBitmap* CImageGraphics::GetStretched() {

@@ -39,15 +39,20 @@ public:
     int GetStretchCount() const { return stretchCount; }
 
 private:
-    void DrawTiles(IDrawSurface& surface, const Core::C2DRectangle& area) const;
+    void DrawTiles(IDrawSurface& surface, const Core::C2DRectangle& area);
+    void DrawPrepared(IDrawSurface& surface, CDIBBitmap& bitmap, const Core::C2DRectangle& area,
+                      const Core::C2DPoint& source) const;
     /// Brings the scaled image up to date; null when there is nothing to show.
     CDIBBitmap* GetStretched();
+    /// Small tiles side by side in a bitmap; null without memory for it.
+    CDIBBitmap* GetTileBlock(const Core::C2DSize& tile);
 
     CDynamicImageCatalog catalog; // one slot
     int drawMode = kPlain;
     std::unique_ptr<CDIBBitmap> stretched; // null until needed
     std::unique_ptr<IRGBPixelAccess> stretchedPixels;
     bool stretchedDirty = true;
+    std::unique_ptr<CDIBBitmap> tileBlock; // null until needed, and when the element changes
     int stretchCount = 0;
 };
 

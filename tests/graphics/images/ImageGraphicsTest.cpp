@@ -109,13 +109,56 @@ TEST(ImageGraphicsTest, TilesBeginInTheMiddleAndCoverTheAreaExactly) {
                                                        : RGB{};
             ASSERT_EQ(picture.GetColor(x, y), expected) << x << ", " << y;
         }
-    // Three columns of 5, 10 and 7, three rows of 2, 6 and 1: no tile more, none drawn whole.
+    // Small tiles are put side by side once.
+    const std::size_t draws = parts.size();
+    graphics.Draw(*picture, nullptr);
+    EXPECT_EQ(parts.size(), draws);
+    for (const C2DRectangle& part : parts)
+        EXPECT_EQ(part, C2DRectangle(0, 0, 10, 6));
+}
+
+TEST(ImageGraphicsTest, LargeTilesAreDrawnOneByOneAndOnlyInTheArea) {
+    std::vector<C2DRectangle> parts;
+    CImageGraphics graphics;
+    graphics.SetElement(std::make_unique<CCountingElement>(Core::C2DSize{300, 400}, parts));
+    graphics.SetDrawMode(CImageGraphics::kRepeat);
+    graphics.SetSize({2000, 2000});
+    CTestPicture picture({1000, 1000});
+    const C2DRectangle area{450, 390, 550, 420}; // one and a half tiles in
+    const CSimple2DRegion region(area);
+    graphics.Draw(*picture, &region);
+    // Columns of 150, 300 and 100, rows of 10, 400 and 10: no tile more, none more than its part.
     ASSERT_EQ(parts.size(), 9u);
-    EXPECT_EQ(parts[0], C2DRectangle(5, 4, 5, 2));
-    EXPECT_EQ(parts[1], C2DRectangle(0, 4, 10, 2));
-    EXPECT_EQ(parts[2], C2DRectangle(0, 4, 7, 2));
-    EXPECT_EQ(parts[3], C2DRectangle(5, 0, 5, 6));
-    EXPECT_EQ(parts[8], C2DRectangle(0, 0, 7, 1));
+    EXPECT_EQ(parts[0], C2DRectangle(150, 390, 150, 10));
+    EXPECT_EQ(parts[1], C2DRectangle(0, 390, 300, 10));
+    EXPECT_EQ(parts[2], C2DRectangle(0, 390, 100, 10));
+    EXPECT_EQ(parts[3], C2DRectangle(150, 0, 150, 400));
+    EXPECT_EQ(parts[8], C2DRectangle(0, 0, 100, 10));
+    for (int x = 0; x < 1000; x += 7)
+        for (int y = 0; y < 1000; y += 7) {
+            const RGB expected = area.Contains({x, y}) ? RGB{static_cast<std::uint8_t>(x % 300),
+                                                             static_cast<std::uint8_t>(y % 400), 0}
+                                                       : RGB{};
+            ASSERT_EQ(picture.GetColor(x, y), expected) << x << ", " << y;
+        }
+}
+
+TEST(ImageGraphicsTest, TransparentTilesShowTheGroundOnceThrough) {
+    for (const int side : {3, 300}) {
+        CImageGraphics graphics;
+        graphics.SetElement(
+            std::make_unique<CAlphaImageElement>(MakePlainImage({side, side}, 0x80008000), 128));
+        graphics.SetDrawMode(CImageGraphics::kRepeat);
+        graphics.SetSize({400, 10});
+        CTestPicture picture({400, 10});
+        picture->SetFillColor({200, 0, 0});
+        picture->FillRectangle({0, 0, 400, 10});
+        graphics.Draw(*picture, nullptr);
+        for (int x = 0; x < 400; ++x) { // a quarter opaque
+            ASSERT_NEAR(picture.GetColor(x, 5).green, 64, 2) << x;
+            ASSERT_NEAR(picture.GetColor(x, 5).red, 150, 2) << x;
+        }
+    }
 }
 
 TEST(ImageGraphicsTest, RandomTiledAreasShowTheSamePixels) {
@@ -148,10 +191,10 @@ TEST(ImageGraphicsTest, TilesOutsideTheClipAreNotVisited) {
     std::vector<C2DRectangle> parts;
     constexpr int kMax = std::numeric_limits<int>::max();
     CImageGraphics graphics;
-    graphics.SetElement(std::make_unique<CCountingElement>(Core::C2DSize{2, 2}, parts));
+    graphics.SetElement(std::make_unique<CCountingElement>(Core::C2DSize{256, 256}, parts));
     graphics.SetDrawMode(CImageGraphics::kRepeat);
     graphics.SetSize({kMax, kMax});
-    CTestPicture picture({4, 4});
+    CTestPicture picture({400, 400});
     graphics.Draw(*picture, nullptr);
     EXPECT_EQ(parts.size(), 4u);
     picture->SetOrigin({-kMax + 10, -kMax + 10});
