@@ -20,7 +20,7 @@ bool IsControlCharacter(std::uint32_t codePoint) {
 CTextLimits GetTextLimits(int fontSize) {
     // The text library counts in 1/1024 pixels, in 32 bits: it ends at two million pixels.
     const int longest = 500'000 / std::max(fontSize, 1);
-    return {std::min(longest, 16'384), std::min(longest, 65'536)};
+    return {std::min(longest, 16'384), std::min(longest, 65'536), 8192};
 }
 
 std::optional<std::string> MakeDrawableText(std::string_view text, bool multiline,
@@ -29,6 +29,7 @@ std::optional<std::string> MakeDrawableText(std::string_view text, bool multilin
     drawable.reserve(std::min<std::size_t>(text.size(), 1024));
     int lineLength = 0;
     int textLength = 0;
+    int lineCount = 1;
     const char* next = text.data();
     const char* const end = next + text.size();
     while (next != end) {
@@ -39,11 +40,14 @@ std::optional<std::string> MakeDrawableText(std::string_view text, bool multilin
         }
         const bool endsLine = codePoint == '\n' && multiline;
         const bool isFirstOfTwo = codePoint == '\r' && next != end && *next == '\n';
-        if (isFirstOfTwo || textLength >= limits.textCharacters ||
-            (!endsLine && lineLength >= limits.lineCharacters)) {
+        const bool isBeyondLimits =
+            textLength >= limits.textCharacters ||
+            (endsLine ? lineCount >= limits.lines : lineLength >= limits.lineCharacters);
+        if (isFirstOfTwo || isBeyondLimits) {
             continue;
         }
         ++textLength;
+        lineCount += endsLine ? 1 : 0;
         lineLength = endsLine ? 0 : lineLength + 1;
         if (endsLine) {
             drawable += '\n';

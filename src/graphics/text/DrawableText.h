@@ -10,6 +10,7 @@ namespace Vorin::Graphics {
 struct CTextLimits {
     int lineCharacters = 0;
     int textCharacters = 0;
+    int lines = 0;
 };
 
 /// The limits at a font size in pixels: texts stay within what the text library can measure, and

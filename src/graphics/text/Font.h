@@ -14,7 +14,7 @@ class CPlatformFont;
 ///
 /// What goes for all texts: they are UTF-8, and one that is not draws nothing and measures (0, 0).
 /// Control characters count as spaces. Of a text that no screen could show, the end is left out:
-/// a line has at most 16,384 characters, a text 65,536, of large fonts fewer.
+/// a line has at most 16,384 characters, a text 65,536, of large fonts fewer, and 8,192 lines.
 class IFont : public virtual IFontDescription, public virtual ISurfaceFont {
 public:
     /// The size of a text as `format` breaks it into lines in a rectangle that is `width` wide,

@@ -16,35 +16,39 @@ double ToPixels(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO
 } // namespace
 
 CTextLines::CTextLines(PangoContext* context, const PangoFontDescription* font,
-                       PangoAttrList* attributes, const std::string& text, double breakWidth)
-    : layout(pango_layout_new(context)) {
-    pango_layout_set_font_description(layout.get(), font);
-    pango_layout_set_attributes(layout.get(), attributes);
-    if (breakWidth >= 0.0 && breakWidth < std::numeric_limits<int>::max() / PANGO_SCALE) {
-        pango_layout_set_width(layout.get(), static_cast<int>(breakWidth * PANGO_SCALE));
-        pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD);
+                       PangoAttrList* attributes, const std::string& text, double breakWidth) {
+    std::size_t begin = 0;
+    while (begin <= text.size()) {
+        const std::size_t end = std::min(text.find('\n', begin), text.size());
+        PangoLayout* layout = layouts.emplace_back(pango_layout_new(context)).get();
+        pango_layout_set_font_description(layout, font);
+        pango_layout_set_attributes(layout, attributes);
+        if (breakWidth >= 0.0 && breakWidth < std::numeric_limits<int>::max() / PANGO_SCALE) {
+            pango_layout_set_width(layout, static_cast<int>(breakWidth * PANGO_SCALE));
+            pango_layout_set_wrap(layout, PANGO_WRAP_WORD);
+        }
+        pango_layout_set_text(layout, text.data() + begin, static_cast<int>(end - begin));
+        TakeLines(layout);
+        begin = end + 1;
     }
-    pango_layout_set_text(layout.get(), text.data(), static_cast<int>(text.size()));
-    TakeLines();
 }
 
-void CTextLines::TakeLines() {
-    const std::unique_ptr<PangoLayoutIter, CLayoutIterFree> iterator(
-        pango_layout_get_iter(layout.get()));
+void CTextLines::TakeLines(PangoLayout* layout) {
+    const std::unique_ptr<PangoLayoutIter, CLayoutIterFree> iterator(pango_layout_get_iter(layout));
+    const double layoutTop = height;
     do {
         PangoRectangle inkUnits;
         PangoRectangle logical;
         pango_layout_iter_get_line_extents(iterator.get(), &inkUnits, &logical);
-        const double top = ToPixels(logical.y);
         const double inkLeft = ToPixels(inkUnits.x - logical.x);
-        const double inkTop = ToPixels(inkUnits.y);
+        const double inkTop = layoutTop + ToPixels(inkUnits.y);
         const CLine line{pango_layout_iter_get_line_readonly(iterator.get()),
                          ToPixels(logical.width),
-                         ToPixels(pango_layout_iter_get_baseline(iterator.get())),
+                         layoutTop + ToPixels(pango_layout_iter_get_baseline(iterator.get())),
                          {inkLeft, inkTop, inkLeft + ToPixels(inkUnits.width),
                           inkTop + ToPixels(inkUnits.height)}};
         width = std::max(width, line.width);
-        height = top + ToPixels(logical.height);
+        height = layoutTop + ToPixels(logical.y) + ToPixels(logical.height);
         const bool isFirst = lines.empty();
         ink = {isFirst ? line.ink.left : std::min(ink.left, line.ink.left),
                isFirst ? line.ink.top : std::min(ink.top, line.ink.top),

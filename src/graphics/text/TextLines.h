@@ -27,7 +27,7 @@ public:
     };
 
     struct CLine {
-        PangoLayoutLine* line; ///< the layout's
+        PangoLayoutLine* line; ///< of one of the layouts
         double width;
         double baseline; ///< from the top of the text
         CInk ink;        ///< from the left end of the line and the top of the text
@@ -41,9 +41,10 @@ public:
     const CInk& GetInk() const { return ink; }
 
 private:
-    void TakeLines();
+    void TakeLines(PangoLayout* layout);
 
-    TObjectPointer<PangoLayout> layout;
+    // One for each '\n': a layout takes quadratic time for the paragraphs in it.
+    std::vector<TObjectPointer<PangoLayout>> layouts;
     std::vector<CLine> lines;
     double width = 0.0;
     double height = 0.0;
