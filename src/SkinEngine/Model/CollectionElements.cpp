@@ -24,11 +24,11 @@ public:
           place(modelFactory.GetLog().GetPlace()) {}
 
     bool Execute() override {
+        const Core::CPlaceScope scope(factory.GetLog(), place);
         collection.SetCount(count);
         if (collection.GetCount() >= count) {
             return true;
         }
-        const Core::CPlaceScope scope(factory.GetLog(), place);
         return factory.LogError(std::string(collection.GetId()) + ": a model has at most " +
                                 std::to_string(CSkinModelContext::kMaxItems) +
                                 " items in its collections, use a smaller count.");

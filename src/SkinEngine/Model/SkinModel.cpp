@@ -16,7 +16,8 @@ CSkinModel::~CSkinModel() {
 }
 
 bool CSkinModel::Register(const char* id, std::unique_ptr<CModelObject> object) {
-    CModelObject* added = object.get();
+    // By this type: once refused, the object must not be looked at for another one.
+    Runtime::IDynamicObject* added = object.get();
     const bool isAdded = objects.Add(id, object.release(), Core::kOwn);
     if (!id || objects.GetOwn(id) != added) {
         return false;
