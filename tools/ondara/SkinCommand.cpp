@@ -210,6 +210,7 @@ COutcome Expand(const CSkinOptions& options) {
         parser.AddVariable(name.c_str(), value.c_str());
     }
     const bool isParsed = parser.Parse(options.document.c_str());
+    std::fflush(stdout); // main looks whether it worked
     PrintMessages(log, options.document, options.origins);
     return isParsed ? COutcome() : COutcome::BadInput(""); // the messages say it all
 }
