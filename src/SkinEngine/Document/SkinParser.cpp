@@ -100,13 +100,16 @@ void CSkinParser::AddVariable(const char* name, const char* value) {
 
 bool CSkinParser::Parse(const char* path) {
     const CNumericLocaleScope numericLocale;
-    const CXMLLibraryUse library;
+    // To initialise it takes longer than to read a small document, and there are several passes.
+    if (!library || !library->IsReady()) {
+        library = std::make_unique<CXMLLibraryUse>();
+    }
     const CDocumentPlace placeBefore = log ? log->GetPlace() : CDocumentPlace();
     TNameMap<std::string> given = std::move(variables);
     Clear();
     variables = std::move(given);
     bool result = false;
-    if (library.IsReady()) {
+    if (library->IsReady()) {
         const std::string rootFile = NormalizePath(path ? path : "");
         rootFilePath = GetFolder(rootFile);
         result = ParseFile(rootFile);

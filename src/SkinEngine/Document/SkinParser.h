@@ -23,6 +23,7 @@ XERCES_CPP_NAMESPACE_END
 namespace Vorin::AppEngine {
 
 class CStartTagLines;
+class CXMLLibraryUse;
 
 /// Runs the scripts of a document.
 class IScriptEngine {
@@ -199,6 +200,7 @@ private:
     void LogReaderMessage(Core::EMessageType type, const char* prefix, int line,
                           const std::string& message);
 
+    std::unique_ptr<CXMLLibraryUse> library; // from the first parse on
     TNameMap<std::unique_ptr<CStartHandler>> startHandlers;
     TNameMap<std::unique_ptr<CEndHandler>> endHandlers;
     TNameMap<int> fileChecks; // what `access` gave
