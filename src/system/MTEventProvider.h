@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/EventProvider.h"
 #include "system/CriticalSection.h"
+#include "system/LockedEventProvider.h"
 
 namespace Vorin::System {
 
@@ -15,16 +15,9 @@ namespace Vorin::System {
 /// - A listener may connect, disconnect and notify on the same provider: the lock is recursive.
 ///
 /// `SetEnabled` is not locked: it belongs to whoever owns the provider, before it is shared.
-class CMTEventProvider : public Core::CEventProvider {
+class CMTEventProvider : public TLockedEventProvider<CCriticalSection> {
 public:
-    void Connect(Core::ICommand* command) override;
-    void Connect(Core::ICommand& command) override;
-    void Disconnect(Core::ICommand*& command, bool destroy) override;
-    void Disconnect(Core::ICommand& command) override;
     void Notify() override;
-
-private:
-    CCriticalSection lock;
 };
 
 } // namespace Vorin::System

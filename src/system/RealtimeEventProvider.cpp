@@ -2,26 +2,6 @@
 
 namespace Vorin::System {
 
-void CRealtimeEventProvider::Connect(Core::ICommand* command) {
-    Core::CAutoLock guard(lock);
-    CEventProvider::Connect(command);
-}
-
-void CRealtimeEventProvider::Connect(Core::ICommand& command) {
-    Core::CAutoLock guard(lock);
-    CEventProvider::Connect(command);
-}
-
-void CRealtimeEventProvider::Disconnect(Core::ICommand*& command, bool destroy) {
-    Core::CAutoLock guard(lock);
-    CEventProvider::Disconnect(command, destroy);
-}
-
-void CRealtimeEventProvider::Disconnect(Core::ICommand& command) {
-    Core::CAutoLock guard(lock);
-    CEventProvider::Disconnect(command);
-}
-
 void CRealtimeEventProvider::Notify() {
     isKept.store(true, std::memory_order_release);
     NotifyIfKept();

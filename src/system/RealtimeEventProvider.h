@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/EventProvider.h"
+#include "system/LockedEventProvider.h"
 #include "system/PollingLock.h"
 
 #include <atomic>
@@ -16,20 +16,14 @@ namespace Vorin::System {
 ///
 /// Once `Disconnect` returns, the command is not running and will not run, unless it was
 /// disconnected by itself. Connecting and disconnecting may wait, and are not for the audio thread.
-class CRealtimeEventProvider : public Core::CEventProvider {
+class CRealtimeEventProvider : public TLockedEventProvider<CPollingLock> {
 public:
-    void Connect(Core::ICommand* command) override;
-    void Connect(Core::ICommand& command) override;
-    void Disconnect(Core::ICommand*& command, bool destroy) override;
-    void Disconnect(Core::ICommand& command) override;
-
     /// [any, audio]
     void Notify() override;
     /// [any, audio]
     void NotifyIfKept();
 
 private:
-    CPollingLock lock;
     std::atomic<bool> isKept{false};
 };
 

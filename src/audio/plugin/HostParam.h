@@ -21,8 +21,8 @@ public:
     /// Tells that the value changed: what follows a Store. [any, audio]
     virtual void NotifyChanged() = 0;
 
-    /// Tells what the audio thread could not tell at the time, because another thread was connected
-    /// to the events just then. [any, audio]
+    /// Tells what the audio thread could not tell at the time, because another thread was
+    /// connecting to the events just then. [any, audio]
     virtual void TellKept() = 0;
 };
 

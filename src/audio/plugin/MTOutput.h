@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/EventProvider.h"
-#include "core/Lock.h"
-#include "system/PollingLock.h"
+#include "system/RealtimeEventProvider.h"
+
+#include <utility>
 
 namespace Vorin::Audio::Plugin {
 
@@ -28,33 +28,25 @@ public:
     void Replace(const T* equalValue) { value = equalValue; }
 
     /// [any]
-    void Connect(Core::ICommand& command) {
-        Core::CAutoLock guard(lock);
-        changed.Connect(command);
-    }
+    void Connect(Core::ICommand& command) { changed.Connect(command); }
     /// The command is not running, and will not run, once this returns; unless called by itself.
     /// [any]
-    void Disconnect(Core::ICommand& command) {
-        Core::CAutoLock guard(lock);
-        changed.Disconnect(command);
-    }
+    void Disconnect(Core::ICommand& command) { changed.Disconnect(command); }
 
-    /// Tells the listeners of a marked object; one that is being connected to just now keeps its
-    /// mark and tells them next time. Never waits. [audio]
+    /// Tells the listeners of a marked object; those of one that is being connected to just now are
+    /// told next time. Never waits. [audio]
     void NotifyIfMarked() {
-        if (!marked || !lock.TryLock()) {
-            return;
+        if (std::exchange(marked, false)) {
+            changed.Notify();
+        } else {
+            changed.NotifyIfKept();
         }
-        marked = false;
-        changed.Notify();
-        lock.Unlock();
     }
 
 private:
     const T* value = nullptr;
     bool marked = false;
-    System::CPollingLock lock; // giving it back never wakes anybody, which would be a system call
-    Core::CEventProvider changed;
+    System::CRealtimeEventProvider changed;
 };
 
 } // namespace Vorin::Audio::Plugin
