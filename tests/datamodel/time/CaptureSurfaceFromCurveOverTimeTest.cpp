@@ -47,6 +47,7 @@ protected:
         return std::as_const(*surface).GetValue().Evaluate(x, y);
     }
 
+    int alive = 0; // counted curves; outlives those who hold them
     CCaptureCurve source{CCurveInfo("Spectrum", "", MakeInfo("Frequency", 20.0, 2e4, 1e3, "Hz"),
                                     MakeInfo("Level", -90.0, 0.0, -60.0, "dB"))};
     std::unique_ptr<CCaptureSurfaceFromCurveOverTime> surface =
@@ -130,7 +131,6 @@ TEST_F(CaptureSurfaceFromCurveOverTimeTest, ARefreshTimeForgetsTheHistory) {
 }
 
 TEST_F(CaptureSurfaceFromCurveOverTimeTest, ItHoldsAsManyCurvesAsTicksFitIntoTheDuration) {
-    int alive = 0;
     surface->Connect(source);
     surface->SetDuration(1000);
     surface->SetRefreshTime(250);
@@ -152,7 +152,6 @@ TEST_F(CaptureSurfaceFromCurveOverTimeTest, ItHoldsAsManyCurvesAsTicksFitIntoThe
 TEST_F(CaptureSurfaceFromCurveOverTimeTest, ExtremeDurationsAndPeriodsAreBounded) {
     constexpr int maxInt = std::numeric_limits<int>::max();
     constexpr int minInt = std::numeric_limits<int>::min();
-    int alive = 0;
     surface->Connect(source);
     source.SetValue(CCountedCurve(2.0, alive));
     for (const int refreshTime : {minInt, -1, 0, 1, maxInt}) {
