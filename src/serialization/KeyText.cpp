@@ -9,9 +9,9 @@ namespace Vorin::Serialization {
 
 namespace {
 
-constexpr char kDigits[] = "0123456789ABCDEF";
+constexpr char kKeyDigits[] = "0123456789ABCDEF";
 
-bool IsHexDigit(char c) { return c && std::strchr(kDigits, c); }
+bool IsHexDigit(char c) { return c && std::strchr(kKeyDigits, c); }
 
 /// Whether an escape would be read here.
 bool IsLikeEscape(const char* text) {
@@ -51,8 +51,8 @@ bool Fits(EKeyForm form, std::uint32_t codePoint, bool isFirst, bool isLast) {
 void AppendEscape(std::string& target, char byte) {
     const auto bits = static_cast<unsigned char>(byte);
     target += "_x";
-    target += kDigits[bits >> 4];
-    target += kDigits[bits & 15];
+    target += kKeyDigits[bits >> 4];
+    target += kKeyDigits[bits & 15];
     target += '_';
 }
 

@@ -9,9 +9,9 @@ namespace {
 
 using namespace Vorin::Core;
 
-class CListener {
+class CArgListener {
 public:
-    CListener(std::string& sharedLog, char ownName) : log(sharedLog), name(ownName) {}
+    CArgListener(std::string& sharedLog, char ownName) : log(sharedLog), name(ownName) {}
 
     void OnEvent(int argument) {
         log += name + std::to_string(argument) + ' ';
@@ -23,13 +23,13 @@ public:
     std::string& log;
     char name;
     std::function<void(int)> reaction;
-    TArgCommand<CListener, int> command{this, &CListener::OnEvent};
+    TArgCommand<CArgListener, int> command{this, &CArgListener::OnEvent};
 };
 
 class ArgEventProviderTest : public ::testing::Test {
 protected:
     void ConnectAll() {
-        for (CListener* listener : {&a, &b, &c}) {
+        for (CArgListener* listener : {&a, &b, &c}) {
             provider.Connect(listener->command);
         }
     }
@@ -41,9 +41,9 @@ protected:
     }
 
     std::string log;
-    CListener a{log, 'a'};
-    CListener b{log, 'b'};
-    CListener c{log, 'c'};
+    CArgListener a{log, 'a'};
+    CArgListener b{log, 'b'};
+    CArgListener c{log, 'c'};
     TArgEventProvider<int> provider;
 };
 

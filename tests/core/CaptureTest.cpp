@@ -8,9 +8,9 @@ namespace {
 
 using namespace Vorin::Core;
 
-class CWatcher {
+class CCaptureWatcher {
 public:
-    explicit CWatcher(ICapture& source) : capture(source) {
+    explicit CCaptureWatcher(ICapture& source) : capture(source) {
         capture.GetCaptureEvents().Connect(onCapture);
         capture.GetReleaseEvents().Connect(onRelease);
     }
@@ -21,8 +21,8 @@ public:
 
 private:
     ICapture& capture;
-    TCommand<CWatcher> onCapture{this, &CWatcher::OnCapture};
-    TCommand<CWatcher> onRelease{this, &CWatcher::OnRelease};
+    TCommand<CCaptureWatcher> onCapture{this, &CCaptureWatcher::OnCapture};
+    TCommand<CCaptureWatcher> onRelease{this, &CCaptureWatcher::OnRelease};
 };
 
 TEST(CaptureTest, StartsReleased) {
@@ -32,7 +32,7 @@ TEST(CaptureTest, StartsReleased) {
 
 TEST(CaptureTest, TwoCapturesAndOneReleaseSendOneEventEach) {
     CCapture capture;
-    CWatcher watcher(capture);
+    CCaptureWatcher watcher(capture);
     capture.Capture();
     capture.Capture();
     EXPECT_TRUE(capture.IsCaptured());
@@ -44,14 +44,14 @@ TEST(CaptureTest, TwoCapturesAndOneReleaseSendOneEventEach) {
 
 TEST(CaptureTest, ReleaseWithoutCaptureIsSilent) {
     CCapture capture;
-    CWatcher watcher(capture);
+    CCaptureWatcher watcher(capture);
     capture.Release();
     EXPECT_EQ(watcher.log, "");
 }
 
 TEST(CaptureTest, GestureCanBeRepeated) {
     CCapture capture;
-    CWatcher watcher(capture);
+    CCaptureWatcher watcher(capture);
     for (int gesture = 0; gesture < 2; ++gesture) {
         capture.Capture();
         capture.Release();

@@ -8,9 +8,9 @@ namespace {
 
 using namespace Vorin::Core;
 
-class CWatcher {
+class CEnableWatcher {
 public:
-    explicit CWatcher(IEnable& source) : enable(source) {
+    explicit CEnableWatcher(IEnable& source) : enable(source) {
         enable.GetEnableEvents().Connect(command);
     }
     void OnChanged() { log += enable.IsEnabled() ? '1' : '0'; }
@@ -19,12 +19,12 @@ public:
 
 private:
     IEnable& enable;
-    TCommand<CWatcher> command{this, &CWatcher::OnChanged};
+    TCommand<CEnableWatcher> command{this, &CEnableWatcher::OnChanged};
 };
 
 TEST(EnableTest, NotifiesAfterTheStoreAndOnlyOnAChange) {
     CEnable enable(true);
-    CWatcher watcher(enable);
+    CEnableWatcher watcher(enable);
     enable.SetEnabled(true);
     EXPECT_EQ(watcher.log, "");
     enable.SetEnabled(false);

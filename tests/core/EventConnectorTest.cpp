@@ -8,16 +8,16 @@ namespace {
 
 using namespace Vorin::Core;
 
-class CCounter {
+class CConnectionCounter {
 public:
     void OnChanged() { ++calls; }
     int calls = 0;
-    TCommand<CCounter> command{this, &CCounter::OnChanged};
+    TCommand<CConnectionCounter> command{this, &CConnectionCounter::OnChanged};
 };
 
 TEST(EventConnectorTest, CallbackHelperIsConnectedForItsLife) {
     CEventProvider provider;
-    CCounter counter;
+    CConnectionCounter counter;
     {
         const CCallbackHelper helper(provider, counter.command);
         provider.Notify();
@@ -29,7 +29,7 @@ TEST(EventConnectorTest, CallbackHelperIsConnectedForItsLife) {
 
 TEST(EventConnectorTest, ConnectorEndsTheConnectionOnDisconnect) {
     CEventProvider provider;
-    CCounter counter;
+    CConnectionCounter counter;
     CEventConnector connector(provider, counter.command);
     provider.Notify();
     IDisconnect& connection = connector;
@@ -40,7 +40,7 @@ TEST(EventConnectorTest, ConnectorEndsTheConnectionOnDisconnect) {
 }
 
 TEST(EventConnectorTest, ConnectorMayOutliveItsProvider) {
-    CCounter counter;
+    CConnectionCounter counter;
     auto provider = std::make_unique<CEventProvider>();
     const CEventConnector connector(*provider, counter.command);
     provider.reset(); // the connector's destructor must not reach for it

@@ -36,7 +36,7 @@ namespace {
 
 using namespace Vorin::Core;
 
-class CCounter {
+class CLeavingCounter {
 public:
     void OnChanged() {
         ++calls;
@@ -54,15 +54,15 @@ public:
     CEventProvider* provider = nullptr;
     TArgEventProvider<int>* argProvider = nullptr;
     int calls = 0;
-    TCommand<CCounter> command{this, &CCounter::OnChanged};
-    TArgCommand<CCounter, int> argCommand{this, &CCounter::OnArgument};
-    TCommand<CCounter> leave{this, &CCounter::Leave};
-    TArgCommand<CCounter, int> argLeave{this, &CCounter::LeaveWith};
+    TCommand<CLeavingCounter> command{this, &CLeavingCounter::OnChanged};
+    TArgCommand<CLeavingCounter, int> argCommand{this, &CLeavingCounter::OnArgument};
+    TCommand<CLeavingCounter> leave{this, &CLeavingCounter::Leave};
+    TArgCommand<CLeavingCounter, int> argLeave{this, &CLeavingCounter::LeaveWith};
 };
 
 TEST(NotifyAllocationTest, ConnectAllocatesSoTheCounterWorks) {
     CEventProvider provider;
-    CCounter counter;
+    CLeavingCounter counter;
     const int before = allocations;
     provider.Connect(counter.command);
     EXPECT_GT(allocations, before);
@@ -71,8 +71,8 @@ TEST(NotifyAllocationTest, ConnectAllocatesSoTheCounterWorks) {
 
 TEST(NotifyAllocationTest, NotifyAllocatesNothingNestedOrNot) {
     CEventProvider provider;
-    CCounter first;
-    CCounter second;
+    CLeavingCounter first;
+    CLeavingCounter second;
     first.provider = &provider;
     second.provider = &provider;
     provider.Connect(first.command);
@@ -87,7 +87,7 @@ TEST(NotifyAllocationTest, NotifyAllocatesNothingNestedOrNot) {
 TEST(NotifyAllocationTest, ArgumentNotifyAndNumberValuesAllocateNothing) {
     TArgEventProvider<int> provider;
     TValue<double> value;
-    CCounter counter;
+    CLeavingCounter counter;
     provider.Connect(counter.argCommand);
     value.GetValueChangedEvents().Connect(counter.command);
     const int before = allocations;
@@ -101,7 +101,7 @@ TEST(NotifyAllocationTest, ArgumentNotifyAndNumberValuesAllocateNothing) {
 TEST(NotifyAllocationTest, NodesTakenOutDuringAWalkAreFreedWhenItEnds) {
     CEventProvider provider;
     TArgEventProvider<int> argProvider;
-    CCounter counter;
+    CLeavingCounter counter;
     counter.provider = &provider;
     counter.argProvider = &argProvider;
     provider.Connect(counter.leave);

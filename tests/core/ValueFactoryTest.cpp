@@ -10,17 +10,19 @@ namespace {
 
 using namespace Vorin::Core;
 
-class CCounter {
+class CMadeValueCounter {
 public:
-    explicit CCounter(IEventProvider& source) : provider(source) { provider.Connect(command); }
-    ~CCounter() { provider.Disconnect(command); }
+    explicit CMadeValueCounter(IEventProvider& source) : provider(source) {
+        provider.Connect(command);
+    }
+    ~CMadeValueCounter() { provider.Disconnect(command); }
     void OnChanged() { ++calls; }
 
     int calls = 0;
 
 private:
     IEventProvider& provider;
-    TCommand<CCounter> command{this, &CCounter::OnChanged};
+    TCommand<CMadeValueCounter> command{this, &CMadeValueCounter::OnChanged};
 };
 
 using TextFactory = TValueFactory<const char*>;
@@ -51,7 +53,7 @@ private:
 
 TEST(ValueFactoryTest, NullSetOnANullTextSendsNoEvent) {
     TextFactory factory;
-    CCounter counter(factory.GetValueChangedEvents());
+    CMadeValueCounter counter(factory.GetValueChangedEvents());
     factory.SetValue(nullptr);
     EXPECT_EQ(counter.calls, 0);
     EXPECT_EQ(factory.CreateValue(), nullptr);
@@ -59,7 +61,7 @@ TEST(ValueFactoryTest, NullSetOnANullTextSendsNoEvent) {
 
 TEST(ValueFactoryTest, NullSetOnATextMakesItNullAndSendsAnEvent) {
     TextFactory factory("text");
-    CCounter counter(factory.GetValueChangedEvents());
+    CMadeValueCounter counter(factory.GetValueChangedEvents());
     factory.SetValue(nullptr);
     EXPECT_EQ(counter.calls, 1);
     EXPECT_EQ(factory.CreateValue(), nullptr);
@@ -67,7 +69,7 @@ TEST(ValueFactoryTest, NullSetOnATextMakesItNullAndSendsAnEvent) {
 
 TEST(ValueFactoryTest, TextSetOnNullSendsAnEvent) {
     TextFactory factory;
-    CCounter counter(factory.GetValueChangedEvents());
+    CMadeValueCounter counter(factory.GetValueChangedEvents());
     factory.SetValue("");
     EXPECT_EQ(counter.calls, 1);
     EXPECT_EQ(CreatedText(factory), "");
@@ -75,7 +77,7 @@ TEST(ValueFactoryTest, TextSetOnNullSendsAnEvent) {
 
 TEST(ValueFactoryTest, EqualTextAtAnotherAddressSendsNoEvent) {
     TextFactory factory("same");
-    CCounter counter(factory.GetValueChangedEvents());
+    CMadeValueCounter counter(factory.GetValueChangedEvents());
     const std::string same = "same";
     factory.SetValue(same.c_str());
     EXPECT_EQ(counter.calls, 0);
@@ -117,7 +119,7 @@ TEST(ValueFactoryTest, ObjectAlwaysNotifiesAndOwnsItsClone) {
     {
         CNumber three(3, living);
         TValueFactory<const INumber&> factory(three);
-        CCounter counter(factory.GetValueChangedEvents());
+        CMadeValueCounter counter(factory.GetValueChangedEvents());
         factory.SetValue(three);
         factory.SetValue(three);
         EXPECT_EQ(counter.calls, 2);

@@ -14,17 +14,17 @@ using namespace Vorin::Core;
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-class CCounter {
+class CValueCounter {
 public:
-    explicit CCounter(IEventProvider& source) : provider(source) { provider.Connect(command); }
-    ~CCounter() { provider.Disconnect(command); }
+    explicit CValueCounter(IEventProvider& source) : provider(source) { provider.Connect(command); }
+    ~CValueCounter() { provider.Disconnect(command); }
     void OnChanged() { ++calls; }
 
     int calls = 0;
 
 private:
     IEventProvider& provider;
-    TCommand<CCounter> command{this, &CCounter::OnChanged};
+    TCommand<CValueCounter> command{this, &CValueCounter::OnChanged};
 };
 
 enum class EState { kIdle, kPressed };
@@ -59,7 +59,7 @@ TEST(ValueTest, StartsAsZeroOrAsGiven) {
 
 TEST(ValueTest, DoubleNotifiesOnlyWhenLessOrGreater) {
     TValue<double> value(1.0);
-    CCounter counter(value.GetValueChangedEvents());
+    CValueCounter counter(value.GetValueChangedEvents());
     value.SetValue(1.0);
     EXPECT_EQ(counter.calls, 0);
     value.SetValue(1.5);
@@ -74,7 +74,7 @@ TEST(ValueTest, DoubleNotifiesOnlyWhenLessOrGreater) {
 
 TEST(ValueTest, ZeroOfTheOtherSignIsNoChange) {
     TValue<double> value(0.0);
-    CCounter counter(value.GetValueChangedEvents());
+    CValueCounter counter(value.GetValueChangedEvents());
     value.SetValue(-0.0);
     EXPECT_EQ(counter.calls, 0);
     EXPECT_FALSE(std::signbit(value.GetValue()));
@@ -82,7 +82,7 @@ TEST(ValueTest, ZeroOfTheOtherSignIsNoChange) {
 
 TEST(ValueTest, SetNaNLeavesTheValueAndSendsNothing) {
     TValue<double> value(1.0);
-    CCounter counter(value.GetValueChangedEvents());
+    CValueCounter counter(value.GetValueChangedEvents());
     value.SetValue(nan);
     EXPECT_EQ(value.GetValue(), 1.0);
     EXPECT_EQ(counter.calls, 0);
@@ -90,7 +90,7 @@ TEST(ValueTest, SetNaNLeavesTheValueAndSendsNothing) {
 
 TEST(ValueTest, ValueThatHoldsNaNNeverChanges) {
     TValue<double> value(nan);
-    CCounter counter(value.GetValueChangedEvents());
+    CValueCounter counter(value.GetValueChangedEvents());
     value.SetValue(1.0);
     EXPECT_TRUE(std::isnan(value.GetValue()));
     EXPECT_EQ(counter.calls, 0);
@@ -98,7 +98,7 @@ TEST(ValueTest, ValueThatHoldsNaNNeverChanges) {
 
 TEST(ValueTest, BoolAndEnumNotifyWhenDifferent) {
     TValue<bool> flag(false);
-    CCounter flagCounter(flag.GetValueChangedEvents());
+    CValueCounter flagCounter(flag.GetValueChangedEvents());
     flag.SetValue(false);
     flag.SetValue(true);
     flag.SetValue(true);
@@ -106,7 +106,7 @@ TEST(ValueTest, BoolAndEnumNotifyWhenDifferent) {
     EXPECT_EQ(flagCounter.calls, 1);
 
     TValue<EState> state(EState::kIdle);
-    CCounter stateCounter(state.GetValueChangedEvents());
+    CValueCounter stateCounter(state.GetValueChangedEvents());
     state.SetValue(EState::kIdle);
     state.SetValue(EState::kPressed);
     EXPECT_EQ(state.GetValue(), EState::kPressed);
@@ -133,7 +133,7 @@ TEST(ValueTest, ListenersSeeTheNewValue) {
 
 TEST(ValueTest, TextIsComparedByContentAndKeptAsACopy) {
     TValue<const char*> value("one");
-    CCounter counter(value.GetValueChangedEvents());
+    CValueCounter counter(value.GetValueChangedEvents());
     std::string text = "one";
     value.SetValue(text.c_str());
     EXPECT_EQ(counter.calls, 0);
@@ -155,7 +155,7 @@ TEST(ValueTest, ObjectIsClonedAndAlwaysNotifies) {
     {
         auto square = std::make_unique<CShape>(4, living);
         TValue<const IShape&> value(*square);
-        CCounter counter(value.GetValueChangedEvents());
+        CValueCounter counter(value.GetValueChangedEvents());
         value.SetValue(*square);
         value.SetValue(*square);
         EXPECT_EQ(counter.calls, 2);
@@ -174,7 +174,7 @@ TEST(ValueTest, ObjectThatCannotBeClonedChangesNothing) {
     CShape square(4, living);
     CShape uncloneable(-1, living);
     TValue<const IShape&> value(square);
-    CCounter counter(value.GetValueChangedEvents());
+    CValueCounter counter(value.GetValueChangedEvents());
     value.SetValue(uncloneable);
     EXPECT_EQ(counter.calls, 0);
     EXPECT_EQ(value.GetValue().GetCorners(), 4);

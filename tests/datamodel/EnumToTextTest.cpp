@@ -1,5 +1,7 @@
 #include "datamodel/EnumToText.h"
 
+#include "datamodel/TextOfValue.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -10,12 +12,6 @@ namespace Vorin::DataModel::Objects {
 namespace {
 
 constexpr double kUntouched = -12345.0;
-
-std::string TextOf(const IParamValueToText& valueToText, double value) {
-    Containers::CCharString out("what stood there before");
-    valueToText.ValueToText(value, out);
-    return out.Get();
-}
 
 double Parsed(const CEnumToText& labels, const char* text) {
     double value = kUntouched;

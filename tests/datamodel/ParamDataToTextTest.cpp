@@ -2,6 +2,7 @@
 
 #include "datamodel/EnumToText.h"
 #include "datamodel/EventCounter.h"
+#include "datamodel/TextOfValue.h"
 
 #include <gtest/gtest.h>
 
@@ -10,12 +11,6 @@
 
 namespace Vorin::DataModel::Objects {
 namespace {
-
-std::string TextOf(const IParamValueToText& valueToText, double value) {
-    Containers::CCharString out("what stood there before");
-    valueToText.ValueToText(value, out);
-    return out.Get();
-}
 
 CParamInfo MakeMode() {
     return CParamInfo(kParamInteger, "Mode", "u", "which", new CEnumToText("Flow;Loop;Trigger"),

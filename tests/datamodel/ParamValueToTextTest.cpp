@@ -1,6 +1,8 @@
 #include "datamodel/ParamValueToText.h"
 
+#include "core/NonFinite.h"
 #include "datamodel/EventCounter.h"
+#include "datamodel/TextOfValue.h"
 
 #include <gtest/gtest.h>
 
@@ -10,15 +12,6 @@
 
 namespace Vorin::DataModel::Objects {
 namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-std::string TextOf(const IParamValueToText& valueToText, double value) {
-    Containers::CCharString out("what stood there before");
-    valueToText.ValueToText(value, out);
-    return out.Get();
-}
 
 std::string WithPattern(const char* pattern) {
     return TextOf(CParamValueToText("%.1f", false, pattern), 2.5);

@@ -1,16 +1,14 @@
 #include "datamodel/PositionMapper.h"
 
+#include "core/NonFinite.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <memory>
 
 namespace Vorin::DataModel::Objects {
 namespace {
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 TEST(QuantizeTest, TwoStateTypesTakeMinUpToTheMiddle) {
     for (const EParamType type : {kParamBoolean, kParamSwitch}) {

@@ -8,13 +8,13 @@
 namespace Vorin::DataModel::Objects {
 namespace {
 
-CParamInfo MakeAxis(const char* name, double initial) {
+CParamInfo MakeSurfaceAxis(const char* name, double initial) {
     return CParamInfo(kParamReal, name, "", "", nullptr, nullptr, -1.0, 1.0, initial);
 }
 
 CSurfaceInfo MakeSurface() {
-    return CSurfaceInfo("Spectrum", "over time", MakeAxis("Frequency", 0.1), MakeAxis("Time", 0.2),
-                        MakeAxis("Level", 0.3));
+    return CSurfaceInfo("Spectrum", "over time", MakeSurfaceAxis("Frequency", 0.1),
+                        MakeSurfaceAxis("Time", 0.2), MakeSurfaceAxis("Level", 0.3));
 }
 
 TEST(SurfaceInfoTest, HasANameOfItsOwnAndThoseOfItsAxes) {

@@ -8,18 +8,18 @@
 namespace Vorin::DataModel::Objects {
 namespace {
 
-constexpr double kUntouched = -12345.0;
+constexpr double kUnparsed = -12345.0;
 
 double Parsed(EParamType type, const char* text) {
-    double value = kUntouched;
+    double value = kUnparsed;
     EXPECT_TRUE(ParseByType(type, text, value)) << text;
     return value;
 }
 
 void ExpectRefused(EParamType type, const char* text) {
-    double value = kUntouched;
+    double value = kUnparsed;
     EXPECT_FALSE(ParseByType(type, text, value));
-    EXPECT_EQ(value, kUntouched);
+    EXPECT_EQ(value, kUnparsed);
 }
 
 TEST(ValueParsingTest, RealsIgnoreWhatFollows) {

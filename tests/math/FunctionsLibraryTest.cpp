@@ -1,9 +1,10 @@
 #include "math/FunctionsLibrary.h"
 
+#include "core/NonFinite.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace Vorin::Math {
 namespace {
@@ -11,8 +12,6 @@ namespace {
 using L = FunctionsLibrary;
 
 constexpr double kPi = 3.14159265358979323846;
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-const double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 TEST(FunctionsLibraryTest, PlainFunctionsOfOneArgument) {
     EXPECT_EQ(L::Abs(-2.5), 2.5);

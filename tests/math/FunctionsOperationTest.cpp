@@ -10,16 +10,16 @@ namespace Vorin::Math {
 namespace {
 
 using Product = TFunctionsOperation<&FunctionsLibrary::Product>;
-using Difference = TFunctionsOperation<&FunctionsLibrary::Difference>;
+using DifferenceOperation = TFunctionsOperation<&FunctionsLibrary::Difference>;
 using Sum = TFunctionsOperation<&FunctionsLibrary::Sum>;
 using Division = TFunctionsOperation<&FunctionsLibrary::Division>;
 
 /// A function that tells of its death.
-class CMortalFunction : public CConstantFunction {
+class CCountedFunction : public CConstantFunction {
 public:
-    CMortalFunction(double constant, int& deathCount)
+    CCountedFunction(double constant, int& deathCount)
         : CConstantFunction(constant), deaths(deathCount) {}
-    ~CMortalFunction() override { ++deaths; }
+    ~CCountedFunction() override { ++deaths; }
 
 private:
     int& deaths;
@@ -37,7 +37,7 @@ double Fold(double a, double b, double c) {
 
 TEST(FunctionsOperationTest, FoldsInOrderFromTheFirst) {
     EXPECT_EQ(Fold<Sum>(16, 4, 2), 22.0);
-    EXPECT_EQ(Fold<Difference>(16, 4, 2), 10.0);
+    EXPECT_EQ(Fold<DifferenceOperation>(16, 4, 2), 10.0);
     EXPECT_EQ(Fold<Product>(16, 4, 2), 128.0);
     EXPECT_EQ(Fold<Division>(16, 4, 2), 2.0);
 }
@@ -45,7 +45,7 @@ TEST(FunctionsOperationTest, FoldsInOrderFromTheFirst) {
 TEST(FunctionsOperationTest, EvaluatesEachFunctionAtX) {
     TFunction<&FunctionsLibrary::Square> square;
     TFunction<&FunctionsLibrary::Identity> identity;
-    Difference operation;
+    DifferenceOperation operation;
     operation.SetCount(2);
     operation.SetFunction(0, &square, Core::kDontOwn);
     operation.SetFunction(1, &identity, Core::kDontOwn);
@@ -69,13 +69,13 @@ TEST(FunctionsOperationTest, NullSlotsAreKeptAndSkipped) {
 TEST(FunctionsOperationTest, DeletesOnlyWhatItOwns) {
     int deaths = 0;
     {
-        CMortalFunction borrowed(1.0, deaths);
+        CCountedFunction borrowed(1.0, deaths);
         {
             Sum operation;
             operation.SetCount(2);
             operation.SetFunction(0, &borrowed, Core::kDontOwn);
-            operation.SetFunction(1, new CMortalFunction(2.0, deaths), Core::kOwn);
-            operation.SetFunction(1, new CMortalFunction(3.0, deaths), Core::kOwn);
+            operation.SetFunction(1, new CCountedFunction(2.0, deaths), Core::kOwn);
+            operation.SetFunction(1, new CCountedFunction(3.0, deaths), Core::kOwn);
             EXPECT_EQ(deaths, 1);
         }
         EXPECT_EQ(deaths, 2);
@@ -99,7 +99,7 @@ TEST(FunctionsOperationTest, AShrinkingCountDeletesOwnedFunctions) {
     int deaths = 0;
     Sum operation;
     operation.SetCount(2);
-    operation.SetFunction(1, new CMortalFunction(2.0, deaths), Core::kOwn);
+    operation.SetFunction(1, new CCountedFunction(2.0, deaths), Core::kOwn);
     operation.SetCount(1);
     EXPECT_EQ(deaths, 1);
     operation.SetCount(-3);
@@ -127,7 +127,7 @@ TEST(FunctionsOperationTest, CopiesAndClonesAreDeep) {
 
 TEST(FunctionsOperationTest, TheOperationsHaveTheirIdentifiers) {
     EXPECT_STREQ(Sum().GetType(), "{B8280134-87FF-44ae-809E-1B645160B214}");
-    EXPECT_STREQ(Difference().GetType(), "{F95377FF-6828-4a2d-8CB9-2A63C47EA65D}");
+    EXPECT_STREQ(DifferenceOperation().GetType(), "{F95377FF-6828-4a2d-8CB9-2A63C47EA65D}");
     EXPECT_STREQ(Product().GetType(), "{3D5E106B-C306-476c-8817-24E755168A5C}");
     EXPECT_STREQ(Division().GetType(), "{41B8F3B2-540C-4c85-B874-FFA435C71129}");
 }

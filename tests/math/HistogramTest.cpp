@@ -15,8 +15,8 @@ namespace {
 using Bins = TLookupTable<float, TNearestInterpolator<float, float>>;
 using Histogram = THistogram<Bins>;
 
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr float kFloatNaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float kFloatInfinity = std::numeric_limits<float>::infinity();
 
 std::vector<int> FindBins(const Histogram& histogram, const std::vector<float>& samples) {
     std::vector<int> bins(samples.size());
@@ -24,7 +24,7 @@ std::vector<int> FindBins(const Histogram& histogram, const std::vector<float>& 
     return bins;
 }
 
-std::vector<float> Table(Histogram& histogram) {
+std::vector<float> FoldedTable(Histogram& histogram) {
     histogram.FoldIntoTable();
     const float* values = histogram.GetTable().GetValues();
     return {values, values + histogram.GetCount()};
@@ -43,13 +43,13 @@ TEST(HistogramTest, FindsTheNearestBin) {
 
 TEST(HistogramTest, FindsTheBinOfASampleOutsideTheRangeAtItsEnds) {
     const Histogram histogram(5, -1.0F, 1.0F);
-    EXPECT_EQ(FindBins(histogram, {1.5F, 3e38F, kInfinity, -1.5F, -3e38F, -kInfinity}),
+    EXPECT_EQ(FindBins(histogram, {1.5F, 3e38F, kFloatInfinity, -1.5F, -3e38F, -kFloatInfinity}),
               (std::vector<int>{4, 4, 4, 0, 0, 0}));
 }
 
 TEST(HistogramTest, FindsNaNInTheFirstBin) {
     const Histogram histogram(5, -1.0F, 1.0F);
-    EXPECT_EQ(FindBins(histogram, {kNaN, -kNaN, kNaN, kNaN, kNaN, 0.0F}),
+    EXPECT_EQ(FindBins(histogram, {kFloatNaN, -kFloatNaN, kFloatNaN, kFloatNaN, kFloatNaN, 0.0F}),
               (std::vector<int>{0, 0, 0, 0, 0, 2}));
 }
 
@@ -62,9 +62,9 @@ TEST(HistogramTest, CountsWhatJoinsAndWhatLeaves) {
     Histogram histogram(3, 0.0F, 1.0F);
     constexpr int none = Histogram::kNoBin;
     Count(histogram, {0, 0, 1, 2, 2, 2}, {none, none, none, none, none, none});
-    EXPECT_EQ(Table(histogram), (std::vector<float>{2, 1, 3}));
+    EXPECT_EQ(FoldedTable(histogram), (std::vector<float>{2, 1, 3}));
     Count(histogram, {1, 1}, {0, 2});
-    EXPECT_EQ(Table(histogram), (std::vector<float>{1, 3, 2}));
+    EXPECT_EQ(FoldedTable(histogram), (std::vector<float>{1, 3, 2}));
 }
 
 TEST(HistogramTest, ShowsTheTableOfTheLastFold) {
@@ -81,14 +81,14 @@ TEST(HistogramTest, EmptiesTableAndCounts) {
     histogram.FoldIntoTable();
     histogram.Reset();
     EXPECT_EQ(histogram.GetTable().GetValues()[1], 0.0F);
-    EXPECT_EQ(Table(histogram), (std::vector<float>{0, 0}));
+    EXPECT_EQ(FoldedTable(histogram), (std::vector<float>{0, 0}));
 }
 
 TEST(HistogramTest, EmptiesItselfWhenTheNumberOfBinsChanges) {
     Histogram histogram(2, 0.0F, 1.0F);
     Count(histogram, {0, 1, 1}, {-1, -1, -1});
     histogram.SetCount(3);
-    EXPECT_EQ(Table(histogram), (std::vector<float>{0, 0, 0}));
+    EXPECT_EQ(FoldedTable(histogram), (std::vector<float>{0, 0, 0}));
     EXPECT_EQ(histogram.GetTable().GetScale(), 2.0F);
 }
 
@@ -103,7 +103,7 @@ TEST(HistogramTest, HoldsTheNumbersThatCountingInFloatsGives) {
     for (int round = 0; round < 2000; ++round) {
         std::vector<float> samples(random() % 23);
         for (float& sample : samples) {
-            sample = random() % 50 == 0 ? kNaN : value(random);
+            sample = random() % 50 == 0 ? kFloatNaN : value(random);
         }
         const std::vector<int> added = FindBins(histogram, samples);
         std::vector<int> removed;
@@ -121,10 +121,10 @@ TEST(HistogramTest, HoldsTheNumbersThatCountingInFloatsGives) {
         }
         Count(histogram, added, removed);
         if (round % 100 == 0) {
-            ASSERT_EQ(Table(histogram), plain);
+            ASSERT_EQ(FoldedTable(histogram), plain);
         }
     }
-    EXPECT_EQ(Table(histogram), plain);
+    EXPECT_EQ(FoldedTable(histogram), plain);
 }
 
 TEST(HistogramTest, CopiesWithTableAndCounts) {
@@ -132,8 +132,8 @@ TEST(HistogramTest, CopiesWithTableAndCounts) {
     Count(histogram, {0, 1, 1}, {-1, -1, -1});
     Histogram copy(histogram);
     Count(histogram, {0}, {-1});
-    EXPECT_EQ(Table(copy), (std::vector<float>{1, 2}));
-    EXPECT_EQ(Table(histogram), (std::vector<float>{2, 2}));
+    EXPECT_EQ(FoldedTable(copy), (std::vector<float>{1, 2}));
+    EXPECT_EQ(FoldedTable(histogram), (std::vector<float>{2, 2}));
 }
 
 } // namespace

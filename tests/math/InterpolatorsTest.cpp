@@ -12,9 +12,9 @@ namespace Vorin::Math {
 namespace {
 
 template <class P>
-constexpr P kInfinity = std::numeric_limits<P>::infinity();
+constexpr P kInfinityOf = std::numeric_limits<P>::infinity();
 template <class P>
-const P kNaN = std::numeric_limits<P>::quiet_NaN();
+const P kNaNOf = std::numeric_limits<P>::quiet_NaN();
 
 template <class I>
 double At(const std::vector<typename I::Value>& values, typename I::Position position) {
@@ -47,7 +47,7 @@ TEST(InterpolatorsTest, LinearGoesStraightFromEntryToEntry) {
 TEST(InterpolatorsTest, LinearAtTheLastEntryReadsNothingBehindIt) {
     EXPECT_EQ(At<Linear>({10, 20, 30}, 2.0), 30.0);
     // An infinite entry is itself, not the NaN of infinity minus infinity.
-    EXPECT_EQ(At<Linear>({10, kInfinity<double>}, 1.0), kInfinity<double>);
+    EXPECT_EQ(At<Linear>({10, kInfinityOf<double>}, 1.0), kInfinityOf<double>);
 }
 
 TEST(InterpolatorsTest, SplineWithEvenNeighboursByHand) {
@@ -113,13 +113,13 @@ template <class I>
 void ExpectClamped() {
     using P = typename I::Position;
     const std::vector<typename I::Value> values = {1, 2, 4, 8};
-    for (const P before : {P(-0.75), P(-1), P(-1e30), -kInfinity<P>, kNaN<P>}) {
+    for (const P before : {P(-0.75), P(-1), P(-1e30), -kInfinityOf<P>, kNaNOf<P>}) {
         EXPECT_EQ(At<I>(values, before), 1.0);
     }
-    for (const P behind : {P(3), P(3.75), P(4), P(1e30), kInfinity<P>}) {
+    for (const P behind : {P(3), P(3.75), P(4), P(1e30), kInfinityOf<P>}) {
         EXPECT_EQ(At<I>(values, behind), 8.0);
     }
-    for (const P any : {P(-1), P(0), P(0.5), P(1), P(1e30), kNaN<P>}) {
+    for (const P any : {P(-1), P(0), P(0.5), P(1), P(1e30), kNaNOf<P>}) {
         EXPECT_EQ(At<I>({}, any), 0.0);
         EXPECT_EQ(At<I>({5}, any), 5.0);
     }

@@ -11,7 +11,7 @@ namespace {
 
 using Bins = TLookupTable<float, TNearestInterpolator<float, float>>;
 using Line = TLookupTable<double, TLinearInterpolator<double, double>>;
-using Trace = TLookupTable<float, TConstrainedSplineInterpolator<float, float>>;
+using CSplineTable = TLookupTable<float, TConstrainedSplineInterpolator<float, float>>;
 
 Line MakeLine() {
     Line table;
@@ -125,7 +125,7 @@ TEST(LookupTableTest, ANegativeCountIsAnEmptyTable) {
 }
 
 TEST(LookupTableTest, AnEmptyTableReadsZeroAndOneValueReadsAsItself) {
-    Trace table;
+    CSplineTable table;
     EXPECT_EQ(table.GetCount(), 0);
     EXPECT_EQ(table.Evaluate(0.5F), 0.0F);
     table.SetCount(1);

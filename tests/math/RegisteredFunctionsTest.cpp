@@ -30,7 +30,7 @@ using namespace Serialization;
 
 using Sin = TFunction<&FunctionsLibrary::Sin>;
 using Negate = TFunction<&FunctionsLibrary::Negate>;
-using Product = TBinaryFunction<&FunctionsLibrary::Product>;
+using LibraryProduct = TBinaryFunction<&FunctionsLibrary::Product>;
 
 bool IsOfLibrary(const Runtime::IDynamicObject& object) {
     bool isOf = false;
@@ -85,7 +85,7 @@ template <class C, class F>
 void FillCombination(C& combination, F* func1, F* func2) {
     combination.SetFunc1(func1, Core::kOwn);
     combination.SetFunc2(func2, Core::kOwn);
-    combination.SetCombineFunction(new Product, Core::kOwn);
+    combination.SetCombineFunction(new LibraryProduct, Core::kOwn);
 }
 
 bool FillCompounds(Runtime::IDynamicObject& object) {
@@ -100,11 +100,11 @@ bool FillCompounds(Runtime::IDynamicObject& object) {
            FillAs<CFunctionProxy>(object,
                                   [](auto& proxy) { proxy.SetTarget(new Sin, Core::kOwn); }) ||
            FillAs<CBinaryFunctionProxy>(
-               object, [](auto& proxy) { proxy.SetTarget(new Product, Core::kOwn); }) ||
+               object, [](auto& proxy) { proxy.SetTarget(new LibraryProduct, Core::kOwn); }) ||
            FillAs<CBinaryFunctionComposition>(object,
                                               [](auto& composition) {
                                                   composition.SetFunction(new Sin, Core::kOwn);
-                                                  composition.SetBinaryFunction(new Product,
+                                                  composition.SetBinaryFunction(new LibraryProduct,
                                                                                 Core::kOwn);
                                               }) ||
            FillAs<CConstantComposition>(object,
@@ -122,7 +122,7 @@ bool FillCompounds(Runtime::IDynamicObject& object) {
                object,
                [](auto& combination) {
                    FillCombination<CBinaryFunctionsCombination, IBinaryFunction>(
-                       combination, new Product, new CConstantBinaryFunction(0.3));
+                       combination, new LibraryProduct, new CConstantBinaryFunction(0.3));
                }) ||
            FillAs<CConstantsCombination>(object, [](auto& combination) {
                FillCombination<CConstantsCombination, IConstant>(combination, new CConstant(0.1),

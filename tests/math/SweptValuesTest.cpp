@@ -1,5 +1,6 @@
 #include "math/SweptValues.h"
 
+#include "core/NonFinite.h"
 #include "math/ReferenceSweptValues.h"
 #include "serialization/MemDataObject.h"
 #include "serialization/StreamHelpers.h"
@@ -18,9 +19,6 @@ namespace Vorin::Math {
 namespace {
 
 using namespace Serialization;
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-const double kNaN = std::nan("");
 
 /// Points at 0, 1, 2 ... seconds with ten times the time as value; the default is -1.
 CSweptValues MakeSwept(int capacity, int points) {

@@ -10,7 +10,7 @@ namespace {
 
 using namespace Vorin::Serialization;
 
-const std::vector<std::string> kNames = {"a", "b", "c", "sub", "x", "y"};
+const std::vector<std::string> kKeyNames = {"a", "b", "c", "sub", "x", "y"};
 
 /// A root with the int "a" and what else a test puts in, its history, and the events of it.
 class IncrementalHistoryManagerTest : public testing::Test {
@@ -28,7 +28,7 @@ protected:
     }
 
     CTree root;
-    CTreeSerializer serializer{root, kNames};
+    CTreeSerializer serializer{root, kKeyNames};
     CIncrementalHistoryManager history{&serializer};
     CHistoryEvents events{history};
 };

@@ -390,18 +390,18 @@ TEST_P(XmlModesTest, WithoutAnElementEveryReadAndWriteIsFalse) {
     EXPECT_FALSE(view.ReadObject("a", any));
 }
 
-bool WriteNested(IWriteDataStream& stream, int levels) {
+bool WriteObjectsNested(IWriteDataStream& stream, int levels) {
     return levels == 0 || stream.WriteObject("o", CWrites([levels](IWriteDataStream& nested) {
-                                                 return WriteNested(nested, levels - 1);
+                                                 return WriteObjectsNested(nested, levels - 1);
                                              }));
 }
 
 TEST_P(XmlModesTest, ObjectsNestToTheDepthThatIsRead) {
     CXmlDataObject object("Root", GetParam());
-    EXPECT_TRUE(WriteNested(object, kMaximumDepth - 1));
+    EXPECT_TRUE(WriteObjectsNested(object, kMaximumDepth - 1));
     CXmlDataObject read("Root", GetParam());
     EXPECT_TRUE(Parse(read, TextOf(object)));
-    EXPECT_FALSE(WriteNested(object, kMaximumDepth));
+    EXPECT_FALSE(WriteObjectsNested(object, kMaximumDepth));
     EXPECT_FALSE(object.Exists("o"));
 }
 

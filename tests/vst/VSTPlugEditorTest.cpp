@@ -7,9 +7,9 @@
 namespace VorinExt::VSTPlugin::Testing {
 namespace {
 
-class CEffect : public AudioEffectX {
+class CEditedEffect : public AudioEffectX {
 public:
-    CEffect() : AudioEffectX(&CFakeHost::Callback, 1, 0) {}
+    CEditedEffect() : AudioEffectX(&CFakeHost::Callback, 1, 0) {}
     void processReplacing(float**, float**, VstInt32) override {}
 };
 
@@ -18,7 +18,7 @@ protected:
     CFakeHost host;
     CFakeGUIRecord record;
     CFakeGUI gui{record};
-    CEffect effect;
+    CEditedEffect effect;
     std::unique_ptr<VSTPlugEditor> editor = std::make_unique<VSTPlugEditor>(effect, gui);
     int window = 0;
 };

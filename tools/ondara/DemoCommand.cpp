@@ -9,7 +9,7 @@ namespace Workbench {
 
 namespace {
 
-constexpr const char* kHelp = R"(usage: ondara demo -o OUT.wav
+constexpr const char* kDemoHelp = R"(usage: ondara demo -o OUT.wav
 
 Writes a few seconds of music that the program makes itself, to have something to look at.
 )";
@@ -21,7 +21,7 @@ COutcome RunDemo(CArguments& arguments) {
     while (arguments.Next()) {
         const std::string word = arguments.Get();
         if (word == "--help" || word == "-h") {
-            std::fputs(kHelp, stdout);
+            std::fputs(kDemoHelp, stdout);
             return {};
         }
         if (word != "-o" && word != "--output") {

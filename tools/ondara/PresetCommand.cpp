@@ -14,7 +14,7 @@ using namespace Vorin::DataModel::Objects;
 
 namespace {
 
-constexpr const char* kHelp = R"(usage: ondara preset show FILE
+constexpr const char* kPresetHelp = R"(usage: ondara preset show FILE
        ondara preset check FILE...
 
 Looks into presets, and into states that a host has kept.
@@ -111,7 +111,7 @@ COutcome RunPreset(CArguments& arguments) {
     std::vector<std::string> words;
     while (arguments.Next()) {
         if (arguments.Get() == "--help" || arguments.Get() == "-h") {
-            std::fputs(kHelp, stdout);
+            std::fputs(kPresetHelp, stdout);
             return {};
         }
         if (arguments.IsOption()) {

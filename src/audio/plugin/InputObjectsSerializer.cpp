@@ -8,13 +8,13 @@ using namespace Serialization;
 
 namespace {
 
-constexpr char kCount[] = "count";
+constexpr char kObjectsCount[] = "count";
 constexpr char kTextWord[] = "s";
 
 } // namespace
 
 bool CInputStringsSerializer::Serialize(IWriteDataStream& stream) const {
-    bool done = stream.WriteInt(kCount, inputs.GetCount());
+    bool done = stream.WriteInt(kObjectsCount, inputs.GetCount());
     for (int i = 0; i < inputs.GetCount(); ++i) {
         const CMTInputString::Item item = inputs.Get(i).GetItem();
         done &= stream.WriteString(ItemName(kTextWord, i).Get(), item->GetValue());
@@ -24,7 +24,7 @@ bool CInputStringsSerializer::Serialize(IWriteDataStream& stream) const {
 
 bool CInputStringsDeSerializer::DeSerialize(const IReadDataStream& stream) {
     const int known = static_cast<int>(items.size());
-    if (!IsCountFit(stream, kCount, kTextWord, known)) {
+    if (!IsCountFit(stream, kObjectsCount, kTextWord, known)) {
         return false;
     }
     for (int i = 0; i < known; ++i) {

@@ -11,13 +11,13 @@ using namespace Serialization;
 
 namespace {
 
-constexpr char kCount[] = "count";
+constexpr char kParamsCount[] = "count";
 constexpr char kValueWord[] = "p";
 
 } // namespace
 
 bool CInputParamsSerializer::Serialize(IWriteDataStream& stream) const {
-    bool done = stream.WriteInt(kCount, params.GetCount());
+    bool done = stream.WriteInt(kParamsCount, params.GetCount());
     for (int i = 0; i < params.GetCount(); ++i) {
         done &= stream.WriteDouble(ItemName(kValueWord, i).Get(), params.Get(i).GetValue());
     }
@@ -31,7 +31,7 @@ CInputParamsDeSerializer::CInputParamsDeSerializer(const IHostParams& currentPar
 }
 
 bool CInputParamsDeSerializer::DeSerialize(const IReadDataStream& stream) {
-    if (!IsCountFit(stream, kCount, kValueWord, static_cast<int>(values.size()))) {
+    if (!IsCountFit(stream, kParamsCount, kValueWord, static_cast<int>(values.size()))) {
         return false;
     }
     for (std::size_t i = 0; i < values.size(); ++i) {

@@ -17,13 +17,6 @@ using namespace DataModel::Objects;
 
 using Samples = std::vector<float>;
 
-class CReachableFilter : public CTestMonoFilter {
-public:
-    CReachableFilter() { created.push_back(this); }
-
-    static inline std::vector<CReachableFilter*> created;
-};
-
 using CStereo = TStereoFromMonoFilter<CReachableFilter>;
 
 /// A stereo filter that stays in the mode it was built with.

@@ -14,14 +14,6 @@ namespace {
 
 using Samples = std::vector<float>;
 
-/// A mono filter that the test can reach inside the stereo one, by the order of creation.
-class CReachableFilter : public CTestMonoFilter {
-public:
-    CReachableFilter() { created.push_back(this); }
-
-    static inline std::vector<CReachableFilter*> created;
-};
-
 class StereoFromMonoFilterTest : public ::testing::Test {
 protected:
     StereoFromMonoFilterTest() {

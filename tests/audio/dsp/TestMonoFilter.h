@@ -206,4 +206,12 @@ private:
     CMarks propertyChanges;
 };
 
+/// A mono filter that the test can reach inside the stereo one, by the order of creation.
+class CReachableFilter : public CTestMonoFilter {
+public:
+    CReachableFilter() { created.push_back(this); }
+
+    static inline std::vector<CReachableFilter*> created;
+};
+
 } // namespace Vorin::Audio::DSP

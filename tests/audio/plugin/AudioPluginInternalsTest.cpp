@@ -1,6 +1,7 @@
 #include "audio/plugin/AudioPluginInternals.h"
 
 #include "audio/midi/MIDIEvent.h"
+#include "audio/plugin/TestPaths.h"
 #include "files/TemporaryFolder.h"
 #include "filters/OndaraFilter.h"
 #include "serialization/MemDataObject.h"
@@ -23,13 +24,6 @@ using Serialization::CMemDataObject;
 using Serialization::CXmlDataObject;
 
 enum EParam { kBypass, kStereoMode, kViewMode, kSync, kDelay, kTriggerValue, kTriggerDirection };
-
-/// The paths of a plug-in that is installed in a folder of the test.
-class CTestPaths : public CAudioPluginFilePathsBase {
-public:
-    explicit CTestPaths(const IPackageInfo& package)
-        : CAudioPluginFilePathsBase(package.GetVendor(), package.GetProduct()) {}
-};
 
 class AudioPluginInternalsTest : public ::testing::Test {
 protected:

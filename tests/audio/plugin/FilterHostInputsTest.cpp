@@ -41,14 +41,6 @@ private:
     std::atomic<int> references{1};
 };
 
-class CCounter {
-public:
-    void Count() { ++count; }
-
-    Core::TCommand<CCounter> command{this, &CCounter::Count};
-    int count = 0;
-};
-
 class FilterHostInputsTest : public ::testing::Test {
 protected:
     FilterHostInputsTest() : FilterHostInputsTest(std::make_unique<CAllInputsFilter>()) {}

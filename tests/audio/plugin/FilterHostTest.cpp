@@ -4,11 +4,11 @@
 #include "audio/dsp/TestMonoFilter.h"
 #include "audio/plugin/LockHolder.h"
 #include "audio/plugin/PluginTestKit.h"
+#include "core/NonFinite.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <limits>
 #include <memory>
 #include <string>
 #include <thread>
@@ -19,17 +19,6 @@ namespace {
 
 using namespace DSP;
 using namespace DataModel::Objects;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-class CCounter {
-public:
-    void Count() { ++count; }
-
-    Core::TCommand<CCounter> command{this, &CCounter::Count};
-    int count = 0;
-};
 
 /// The internals around a filter that writes down what it is asked for.
 class FilterHostTest : public ::testing::Test {

@@ -2,6 +2,7 @@
 
 #include "audio/plugin/AudioPluginInternals.h"
 #include "audio/plugin/InputsTestKit.h"
+#include "audio/plugin/TestPaths.h"
 #include "files/TemporaryFolder.h"
 #include "math/LibraryFunction.h"
 #include "serialization/MemDataObject.h"
@@ -21,12 +22,6 @@ using Math::CConstantBinaryFunction;
 using Math::CConstantFunction;
 using Serialization::CMemDataObject;
 using Serialization::CXmlDataObject;
-
-class CTestPaths : public CAudioPluginFilePathsBase {
-public:
-    explicit CTestPaths(const IPackageInfo& package)
-        : CAudioPluginFilePathsBase(package.GetVendor(), package.GetProduct()) {}
-};
 
 /// A display that refuses its part of a document unless it is marked as fit.
 class CPickyGUI : public IPluginGUI {

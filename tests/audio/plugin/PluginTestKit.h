@@ -4,12 +4,23 @@
 #include "audio/plugin/BlockProcessor.h"
 #include "audio/plugin/FilterHost.h"
 #include "audio/plugin/HostParam.h"
+#include "core/Command.h"
 #include "filters/OndaraFilter.h"
 
+#include <atomic>
 #include <memory>
 #include <utility>
 
 namespace Vorin::Audio::Plugin {
+
+/// Counts the notifications that reach it, on any thread.
+class CCounter {
+public:
+    void Count() { ++count; }
+
+    Core::TCommand<CCounter> command{this, &CCounter::Count};
+    std::atomic<int> count{0};
+};
 
 /// The product's plug-in as a host adapter holds it.
 class CTestPlugin {

@@ -24,14 +24,6 @@ constexpr int kSecond = 250;
 /// The values of the blocks: multiples of the width of a bin, so that each has a bin of its own.
 float ValueOf(int block) { return static_cast<float>(1 + block % 70) / 75.0F; }
 
-class CCounter {
-public:
-    void Count() { ++count; }
-
-    Core::TCommand<CCounter> command{this, &CCounter::Count};
-    std::atomic<int> count{0};
-};
-
 class SnapshotTest : public ::testing::Test {
 protected:
     enum ECurve { kWaveform1, kHistogram1, kWaveform2, kHistogram2 };

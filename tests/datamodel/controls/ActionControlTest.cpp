@@ -9,8 +9,8 @@ namespace {
 
 using namespace Objects;
 
-struct CFixture {
-    CFixture() {
+struct CActionFixture {
+    CActionFixture() {
         log.Listen(control.GetConnectEvents(), "connect");
         log.Listen(control.GetEnableEvents(), "enable");
         off.SetEnabled(false);
@@ -23,13 +23,13 @@ struct CFixture {
 };
 
 TEST(ActionControlTest, WithoutAnActionItIsEnabled) {
-    CFixture f;
+    CActionFixture f;
     EXPECT_TRUE(f.control.IsEnabled());
     EXPECT_EQ(f.control.GetAction(), nullptr);
 }
 
 TEST(ActionControlTest, ConnectTellsOfTheEnableStateOnlyWhenThatDiffers) {
-    CFixture f;
+    CActionFixture f;
     f.control.Connect(f.on);
     EXPECT_EQ(f.log.Take(), "connect");
     f.control.Connect(f.off);
@@ -43,13 +43,13 @@ TEST(ActionControlTest, ConnectTellsOfTheEnableStateOnlyWhenThatDiffers) {
 }
 
 TEST(ActionControlTest, ADisabledActionAsTheFirstIsADifference) {
-    CFixture f;
+    CActionFixture f;
     f.control.Connect(f.off);
     EXPECT_EQ(f.log.Take(), "connect enable");
 }
 
 TEST(ActionControlTest, FollowsItsActionAndNoOther) {
-    CFixture f;
+    CActionFixture f;
     f.control.Connect(f.on);
     f.log.Take();
     f.on.SetEnabled(false);

@@ -16,8 +16,8 @@ using CSquare = Math::TFunction<&Math::FunctionsLibrary::Square>;
 using CLog = Math::TFunction<&Math::FunctionsLibrary::Log>;
 
 /// y = x squared over -2 to 2, shown from 0 to 4.
-struct CFixture {
-    CFixture()
+struct CCurveFixture {
+    CCurveFixture()
         : curve(CCurveInfo("Parabola", "", MakeInfo(kParamReal, -2.0, 2.0),
                            MakeInfo(kParamReal, 0.0, 4.0))),
           viewer(curve) {
@@ -33,7 +33,7 @@ struct CFixture {
 };
 
 TEST(CurveViewerTest, GivesThePositionOfTheValueAtAPosition) {
-    CFixture f;
+    CCurveFixture f;
     EXPECT_EQ(f.viewer.GetValue(true, 0.0), 1.0);
     EXPECT_EQ(f.viewer.GetValue(true, 0.25), 0.25);
     EXPECT_EQ(f.viewer.GetValue(true, 0.5), 0.0);
@@ -42,13 +42,13 @@ TEST(CurveViewerTest, GivesThePositionOfTheValueAtAPosition) {
 }
 
 TEST(CurveViewerTest, OnlyTheValueIsClamped) {
-    CFixture f;
+    CCurveFixture f;
     EXPECT_EQ(f.viewer.GetValue(false, 1.5), 4.0) << "16 of 4";
     EXPECT_EQ(f.viewer.GetValue(true, 1.5), 1.0);
 }
 
 TEST(CurveViewerTest, BothConfigsTakePart) {
-    CFixture f;
+    CCurveFixture f;
     f.viewer.GetXConfig().SetReversed(true);
     f.viewer.GetXConfig().SetZoom(2.0); // x from 2 to 0
     f.viewer.GetYConfig().SetZoom(2.0); // y from 0 to 2
@@ -60,7 +60,7 @@ TEST(CurveViewerTest, BothConfigsTakePart) {
 }
 
 TEST(CurveViewerTest, NumbersThatAreNoneStayWithinZeroToOneWhenClamped) {
-    CFixture f;
+    CCurveFixture f;
     f.curve.SetValue(CLog()); // -inf at 0, NaN below
     EXPECT_EQ(f.viewer.GetValue(true, 0.5), 0.0);
     EXPECT_EQ(f.viewer.GetValue(true, 0.25), 0.0);
@@ -70,7 +70,7 @@ TEST(CurveViewerTest, NumbersThatAreNoneStayWithinZeroToOneWhenClamped) {
 }
 
 TEST(CurveViewerTest, AConfigEventOfAnAxisIsAConfigEventThenAChange) {
-    CFixture f;
+    CCurveFixture f;
     f.viewer.GetXConfig().SetReversed(true);
     EXPECT_EQ(f.log.Take(), "config changed");
     f.viewer.GetYConfig().SetPositionsCount(7);
@@ -80,7 +80,7 @@ TEST(CurveViewerTest, AConfigEventOfAnAxisIsAConfigEventThenAChange) {
 }
 
 TEST(CurveViewerTest, AZoomEventComesAheadOfTheConfigEvent) {
-    CFixture f;
+    CCurveFixture f;
     f.viewer.GetYConfig().SetZoom(2.0);
     EXPECT_EQ(f.log.Take(), "zoom config changed");
     f.viewer.GetYConfig().SetZoomPosition(0.5);
@@ -88,7 +88,7 @@ TEST(CurveViewerTest, AZoomEventComesAheadOfTheConfigEvent) {
 }
 
 TEST(CurveViewerTest, AnotherValueIsAChange) {
-    CFixture f;
+    CCurveFixture f;
     f.curve.SetValue(Math::CConstantFunction(1.0));
     EXPECT_EQ(f.log.Take(), "changed");
     EXPECT_EQ(f.viewer.GetValue(true, 0.9), 0.25);
@@ -97,7 +97,7 @@ TEST(CurveViewerTest, AnotherValueIsAChange) {
 }
 
 TEST(CurveViewerTest, SwappingIsAConfigEventThenAChange) {
-    CFixture f;
+    CCurveFixture f;
     EXPECT_FALSE(f.viewer.IsSwapped());
     f.viewer.SetSwapped(true);
     EXPECT_TRUE(f.viewer.IsSwapped());
@@ -107,7 +107,7 @@ TEST(CurveViewerTest, SwappingIsAConfigEventThenAChange) {
 }
 
 TEST(CurveViewerTest, AnotherCurveBringsItsAxes) {
-    CFixture f;
+    CCurveFixture f;
     CCaptureCurve other(
         CCurveInfo("Line", "", MakeInfo(kParamReal, 0.0, 1.0), MakeInfo(kParamReal, 0.0, 2.0)));
     other.SetValue(Math::CConstantFunction(1.0));
@@ -138,7 +138,7 @@ TEST(CurveViewerTest, ResetGivesEveryAxisItsNaturalCount) {
 }
 
 TEST(CurveViewerTest, CapturedIsWhatTheCurveIs) {
-    CFixture f;
+    CCurveFixture f;
     CEventLog log;
     log.Listen(f.viewer.GetCaptureEvents(), "capture");
     log.Listen(f.viewer.GetReleaseEvents(), "release");

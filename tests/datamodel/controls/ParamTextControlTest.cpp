@@ -11,8 +11,8 @@ namespace {
 
 using namespace Objects;
 
-struct CFixture {
-    CFixture() : param(MakeInfo(kParamReal, -10.0, 1000.0, 440.0)), control(param) {
+struct CTextFixture {
+    CTextFixture() : param(MakeInfo(kParamReal, -10.0, 1000.0, 440.0)), control(param) {
         log.Listen(control.GetValueChangedEvents(), "text");
         log.Listen(param.GetValueSetEvents(), "set");
     }
@@ -23,7 +23,7 @@ struct CFixture {
 };
 
 TEST(ParamTextControlTest, ATypedNumberSetsTheParameter) {
-    CFixture f;
+    CTextFixture f;
     f.control.SetValue("12 dB");
     EXPECT_EQ(f.param.GetValue(), 12.0);
     EXPECT_STREQ(f.control.GetValue(), "12.00 Hz") << "as the value reads";
@@ -32,14 +32,14 @@ TEST(ParamTextControlTest, ATypedNumberSetsTheParameter) {
 }
 
 TEST(ParamTextControlTest, ATypedNumberThatChangesNothingIsStillWrittenAnew) {
-    CFixture f;
+    CTextFixture f;
     f.control.SetValue("440");
     EXPECT_STREQ(f.control.GetValue(), "440.00 Hz");
     EXPECT_EQ(f.log.Take(), "set text text") << "as typed, then as written";
 }
 
 TEST(ParamTextControlTest, ATextThatIsNoNumberStaysUpToTheNextUpdate) {
-    CFixture f;
+    CTextFixture f;
     f.control.SetValue("abc");
     EXPECT_EQ(f.param.GetValue(), 440.0);
     EXPECT_STREQ(f.control.GetValue(), "abc");
@@ -50,14 +50,14 @@ TEST(ParamTextControlTest, ATextThatIsNoNumberStaysUpToTheNextUpdate) {
 }
 
 TEST(ParamTextControlTest, ATextThatIsNoNumberGivesWayToANewValue) {
-    CFixture f;
+    CTextFixture f;
     f.control.SetValue("abc");
     f.param.SetValue(1.0);
     EXPECT_STREQ(f.control.GetValue(), "1.00 Hz");
 }
 
 TEST(ParamTextControlTest, NumbersOutsideTheRangeAreItsEnds) {
-    CFixture f;
+    CTextFixture f;
     f.control.SetValue("1e999");
     EXPECT_EQ(f.param.GetValue(), 1000.0);
     f.control.SetValue("-inf");
@@ -70,7 +70,7 @@ TEST(ParamTextControlTest, NumbersOutsideTheRangeAreItsEnds) {
 
 TEST(ParamTextControlTest, NaNIsNoNumber) {
     for (const char* text : {"nan", "NAN", "-nan", "nan(7)"}) {
-        CFixture f;
+        CTextFixture f;
         f.control.SetValue(text);
         EXPECT_EQ(f.param.GetValue(), 440.0);
         EXPECT_STREQ(f.control.GetValue(), text);
@@ -85,14 +85,14 @@ TEST(ParamTextControlTest, AnyTextIsTakenOrRefusedButNothingElse) {
     const char* const refused[] = {"",  " ",      "%n%n%s", nullptr,          "+",
                                    "{", "{value", "e5",     longText.c_str(), invalid.c_str()};
     for (const char* text : refused) {
-        CFixture f;
+        CTextFixture f;
         f.control.SetValue(text);
         EXPECT_EQ(f.param.GetValue(), 440.0);
         EXPECT_STREQ(f.control.GetValue(), text ? text : "");
         f.control.Update();
         EXPECT_STREQ(f.control.GetValue(), "440.00 Hz");
     }
-    CFixture f;
+    CTextFixture f;
     f.control.SetValue(longNumber.c_str());
     EXPECT_EQ(f.param.GetValue(), 1000.0);
     f.control.SetValue("0x10%n");
@@ -101,7 +101,7 @@ TEST(ParamTextControlTest, AnyTextIsTakenOrRefusedButNothingElse) {
 }
 
 TEST(ParamTextControlTest, TheControlsOwnTextMayBeTyped) {
-    CFixture f;
+    CTextFixture f;
     f.control.SetValue(f.control.GetValue());
     EXPECT_EQ(f.param.GetValue(), 440.0);
     f.control.SetValue(f.control.GetValue() + 1);
@@ -153,7 +153,7 @@ TEST(ParamTextControlTest, CaptureHoldsTheTarget) {
 }
 
 TEST(ParamTextControlTest, ConnectWritesAnotherTarget) {
-    CFixture f;
+    CTextFixture f;
     CCaptureParam other(MakeInfo(kParamReal, 0.0, 5.0, 1.0));
     f.control.Connect(other);
     EXPECT_STREQ(f.control.GetValue(), "1.00 Hz");

@@ -15,8 +15,8 @@ using namespace Objects;
 using CDifference = Math::TBinaryFunction<&Math::FunctionsLibrary::Difference>;
 
 /// z = x - y for x from 0 to 2 and y from 0 to 4, shown from -4 to 4.
-struct CFixture {
-    CFixture()
+struct CSurfaceFixture {
+    CSurfaceFixture()
         : surface(CSurfaceInfo("Plane", "", MakeInfo(kParamReal, 0.0, 2.0),
                                MakeInfo(kParamReal, 0.0, 4.0), MakeInfo(kParamReal, -4.0, 4.0))),
           viewer(surface) {
@@ -32,7 +32,7 @@ struct CFixture {
 };
 
 TEST(SurfaceViewerTest, GivesThePositionOfTheValueAtTwoPositions) {
-    CFixture f;
+    CSurfaceFixture f;
     EXPECT_EQ(f.viewer.GetValue(true, 0.0, 0.0), 0.5);
     EXPECT_EQ(f.viewer.GetValue(true, 1.0, 0.0), 0.75);
     EXPECT_EQ(f.viewer.GetValue(true, 0.0, 1.0), 0.0);
@@ -42,7 +42,7 @@ TEST(SurfaceViewerTest, GivesThePositionOfTheValueAtTwoPositions) {
 }
 
 TEST(SurfaceViewerTest, AllThreeConfigsTakePart) {
-    CFixture f;
+    CSurfaceFixture f;
     f.viewer.GetXConfig().SetReversed(true);
     EXPECT_EQ(f.viewer.GetValue(true, 0.0, 0.0), 0.75);
     f.viewer.GetYConfig().SetReversed(true);
@@ -55,7 +55,7 @@ TEST(SurfaceViewerTest, AllThreeConfigsTakePart) {
 }
 
 TEST(SurfaceViewerTest, AnotherSurfaceBringsItsAxes) {
-    CFixture f;
+    CSurfaceFixture f;
     CCaptureSurface other(CSurfaceInfo("Flat", "", MakeInfo(kParamReal, 0.0, 1.0),
                                        MakeInfo(kParamReal, 0.0, 1.0),
                                        MakeInfo(kParamReal, 0.0, 2.0)));
@@ -68,7 +68,7 @@ TEST(SurfaceViewerTest, AnotherSurfaceBringsItsAxes) {
 }
 
 TEST(SurfaceViewerTest, ResetGivesEveryAxisItsNaturalCount) {
-    CFixture f;
+    CSurfaceFixture f;
     f.viewer.GetXConfig().SetPositionsCount(3);
     f.viewer.GetYConfig().SetPositionsCount(3);
     f.viewer.GetZConfig().SetPositionsCount(3);
@@ -79,7 +79,7 @@ TEST(SurfaceViewerTest, ResetGivesEveryAxisItsNaturalCount) {
 }
 
 TEST(SurfaceViewerTest, FollowsValueAndCapture) {
-    CFixture f;
+    CSurfaceFixture f;
     f.log.Listen(f.viewer.GetCaptureEvents(), "capture");
     f.log.Listen(f.viewer.GetReleaseEvents(), "release");
     f.surface.SetValue(Math::CConstantBinaryFunction(0.0));

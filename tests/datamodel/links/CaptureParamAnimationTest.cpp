@@ -1,5 +1,6 @@
 #include "datamodel/links/CaptureParamAnimation.h"
 
+#include "core/NonFinite.h"
 #include "datamodel/EventCounter.h"
 #include "datamodel/links/LinkTestTools.h"
 
@@ -10,8 +11,6 @@
 
 namespace Vorin::DataModel::Objects {
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 class CaptureParamAnimationTest : public ::testing::Test {
 protected:
@@ -256,7 +255,6 @@ TEST_F(CaptureParamAnimationTest, ADurationNextToNothingGivesNumbers) {
 }
 
 TEST_F(CaptureParamAnimationTest, ARangeWithoutEndsGivesNumbers) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
     param.GetInfo().SetMin(-kInfinity);
     param.GetInfo().SetMax(kInfinity);
     animation->SetEnabled(true);

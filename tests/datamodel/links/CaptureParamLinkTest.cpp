@@ -1,5 +1,6 @@
 #include "datamodel/links/CaptureParamLink.h"
 
+#include "core/NonFinite.h"
 #include "datamodel/EventCounter.h"
 #include "datamodel/links/LinkTestTools.h"
 #include "math/Constant.h"
@@ -7,14 +8,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <memory>
 #include <vector>
 
 namespace Vorin::DataModel::Objects {
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 void Bind(CCaptureParamLink& link, IConstCaptureParam& source, ICaptureParam& target) {
     link.SetSource(&source);

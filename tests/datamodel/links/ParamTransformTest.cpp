@@ -1,16 +1,12 @@
 #include "datamodel/links/ParamTransform.h"
 
+#include "core/NonFinite.h"
 #include "datamodel/links/LinkTestTools.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace Vorin::DataModel::Objects {
 namespace {
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 double Transform(double value, const CParamInfo& source, const CParamInfo& target, bool reversed,
                  bool normalized, const Math::IFunction& function = GetIdentityFunction()) {

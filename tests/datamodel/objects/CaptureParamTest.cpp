@@ -1,12 +1,12 @@
 #include "datamodel/objects/CaptureParam.h"
 
+#include "core/NonFinite.h"
 #include "datamodel/EventCounter.h"
 #include "datamodel/objects/ObjectsTestTools.h"
 
 #include <gtest/gtest.h>
 
 #include <barrier>
-#include <limits>
 #include <thread>
 
 namespace Vorin::DataModel::Objects {
@@ -15,9 +15,6 @@ namespace {
 using Testing::CEventLog;
 using Testing::CListener;
 using Testing::MakeInfo;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(CaptureParamTest, ANewOneIsZeroWithADefaultInfo) {
     CCaptureParam param;
@@ -36,7 +33,7 @@ TEST(CaptureParamTest, StartsAtTheClampedDefaultOfItsOwnCopyOfTheInfo) {
     EXPECT_STREQ(param.GetInfo().GetName(), "Level");
 
     EXPECT_EQ(CCaptureParam(MakeInfo(1.0, 4.0, 9.0)).GetValue(), 4.0);
-    EXPECT_EQ(CCaptureParam(MakeInfo(1.0, 4.0, nan)).GetValue(), 4.0);
+    EXPECT_EQ(CCaptureParam(MakeInfo(1.0, 4.0, kNaN)).GetValue(), 4.0);
 }
 
 TEST(CaptureParamTest, StoresBeforeItNotifiesAndNotifiesValueSetInTheEnd) {
@@ -68,44 +65,44 @@ TEST(CaptureParamTest, ClampsToTheRange) {
     EXPECT_EQ(param.GetValue(), -2.0);
     param.SetValue(11.0);
     EXPECT_EQ(param.GetValue(), 10.0);
-    param.SetValue(-infinity);
+    param.SetValue(-kInfinity);
     EXPECT_EQ(param.GetValue(), -2.0);
-    param.SetValue(infinity);
+    param.SetValue(kInfinity);
     EXPECT_EQ(param.GetValue(), 10.0);
 }
 
 TEST(CaptureParamTest, NaNEndsAsTheMaximumWithAChangeEventWhenThatDiffers) {
     CCaptureParam param(MakeInfo(0.0, 10.0, 4.0));
     CEventCounter changed(param.GetValueChangedEvents());
-    param.SetValue(nan);
+    param.SetValue(kNaN);
     EXPECT_EQ(param.GetValue(), 10.0);
     EXPECT_EQ(changed.Take(), 1);
-    param.SetValue(nan);
+    param.SetValue(kNaN);
     EXPECT_EQ(changed.Take(), 0);
 }
 
 TEST(CaptureParamTest, InAnInvertedRangeTheMaximumWins) {
     CCaptureParam param(MakeInfo(10.0, 0.0));
-    for (const double value : {-5.0, 0.0, 5.0, 10.0, 20.0, nan}) {
+    for (const double value : {-5.0, 0.0, 5.0, 10.0, 20.0, kNaN}) {
         param.SetValue(value);
         EXPECT_EQ(param.GetValue(), 0.0) << value;
     }
 }
 
 TEST(CaptureParamTest, AnInfiniteRangeTakesAllNumbers) {
-    CCaptureParam param(MakeInfo(-infinity, infinity));
+    CCaptureParam param(MakeInfo(-kInfinity, kInfinity));
     param.SetValue(-1e300);
     EXPECT_EQ(param.GetValue(), -1e300);
-    param.SetValue(infinity);
-    EXPECT_EQ(param.GetValue(), infinity);
+    param.SetValue(kInfinity);
+    EXPECT_EQ(param.GetValue(), kInfinity);
 }
 
 TEST(CaptureParamTest, ARangeOfNaNNeverMakesTheValueNaN) {
-    CCaptureParam noMax(MakeInfo(0.0, nan, 3.0));
+    CCaptureParam noMax(MakeInfo(0.0, kNaN, 3.0));
     EXPECT_EQ(noMax.GetValue(), 0.0);
     noMax.SetValue(5.0);
     EXPECT_EQ(noMax.GetValue(), 0.0);
-    CCaptureParam noMin(MakeInfo(nan, 10.0));
+    CCaptureParam noMin(MakeInfo(kNaN, 10.0));
     noMin.SetValue(-5.0);
     EXPECT_EQ(noMin.GetValue(), -5.0);
 }
@@ -179,7 +176,7 @@ TEST(MTCaptureParamTest, ClampsAndComparesLikeThePlainOne) {
     CEventLog log(param);
     param.SetValue(2.0);
     EXPECT_EQ(log.Take(), "");
-    param.SetValue(nan);
+    param.SetValue(kNaN);
     EXPECT_EQ(param.GetValue(), 10.0);
     EXPECT_EQ(log.Take(), "value ");
     param.GetInfo().SetMax(5.0);

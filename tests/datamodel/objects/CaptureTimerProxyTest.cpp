@@ -318,15 +318,15 @@ TEST(CaptureTimerProxyClockTest, KeepsToItsRefreshTimeOnARunLoop) {
     EXPECT_EQ(proxy.GetValue(), 4.0);
 }
 
-using CCurveProxy = TCaptureObjectTimerProxy<const Math::IFunction&, IConstCurveInfo>;
-using CStringProxy = TCaptureObjectTimerProxy<const char*, IConstStringInfo>;
+using CCurveTimerProxy = TCaptureObjectTimerProxy<const Math::IFunction&, IConstCurveInfo>;
+using CStringTimerProxy = TCaptureObjectTimerProxy<const char*, IConstStringInfo>;
 
 TEST(CaptureObjectTimerProxyTest, ACurveIsACloneOfTheTargets) {
     CFakeTimerProvider timer;
     int living = 0;
     CCaptureCurve target;
     target.SetValue(Testing::CCountedFunction(1.0, living));
-    CCurveProxy proxy(target, &timer);
+    CCurveTimerProxy proxy(target, &timer);
     CEventLog log(proxy);
     EXPECT_EQ(living, 2);
     target.SetValue(Testing::CCountedFunction(2.0, living));
@@ -345,7 +345,7 @@ TEST(CaptureObjectTimerProxyTest, ACurveIsACloneOfTheTargets) {
 TEST(CaptureObjectTimerProxyTest, AStringIsACopyOfTheTargets) {
     CFakeTimerProvider timer;
     CCaptureString target(CStringInfo("Name", "", false, "first"));
-    CStringProxy proxy(target, &timer);
+    CStringTimerProxy proxy(target, &timer);
     CEventLog log(proxy);
     target.SetValue("second");
     EXPECT_STREQ(proxy.GetValue(), "first");
@@ -383,7 +383,7 @@ private:
 TEST(CaptureObjectTimerProxyTest, AFactoryGivesCopiesAndWithoutAValueTheDefault) {
     CFakeTimerProvider timer;
     CLockedCurve target;
-    CCurveProxy proxy(target, &timer);
+    CCurveTimerProxy proxy(target, &timer);
     EXPECT_EQ(proxy.GetValue().Evaluate(0.5), 0.0);
     target.SetValue(Math::CConstantFunction(2.0));
     timer.Tick();
@@ -468,7 +468,7 @@ TEST(CaptureTimerProxyThreadsTest, AProxyMayDieWhileItsTargetNotifies) {
 TEST(CaptureTimerProxyThreadsTest, CurvesCrossThreadsAsCopies) {
     CFakeTimerProvider timer;
     CLockedCurve target;
-    CCurveProxy proxy(target, &timer);
+    CCurveTimerProxy proxy(target, &timer);
     std::barrier start(2);
     std::atomic<bool> done{false};
     std::thread writer([&] {

@@ -1,13 +1,13 @@
 #include "datamodel/objects/CaptureValueWrapper.h"
 
 #include "core/Enable.h"
+#include "core/NonFinite.h"
 #include "core/RefreshTime.h"
 #include "datamodel/objects/ObjectsTestTools.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 
 namespace Vorin::DataModel::Objects {
 namespace {
@@ -18,8 +18,6 @@ using Core::IRefreshTime;
 using Testing::CEventLog;
 using Testing::CListener;
 using Testing::MakeInfo;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 /// Without an event; takes nothing below 10.
 class CPeriod : public virtual IRefreshTime {
@@ -130,7 +128,7 @@ TEST_F(CaptureValueWrapperTest, ClampsToTheRange) {
     EXPECT_EQ(period.period, 1000);
     refreshTime.SetValue(-5.0);
     EXPECT_EQ(period.period, 10);
-    refreshTime.SetValue(nan);
+    refreshTime.SetValue(kNaN);
     EXPECT_EQ(period.period, 1000);
 }
 

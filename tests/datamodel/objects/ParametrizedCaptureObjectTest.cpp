@@ -40,7 +40,7 @@ TParametrizedFunction<IFunction>* MakeCurveFormula() {
     return formula;
 }
 
-CCurveInfo MakeCurveInfo() { return {"Curve", "", MakeInfo(0.0, 1.0), MakeInfo(0.0, 1.0)}; }
+CCurveInfo MakeFormulaCurveInfo() { return {"Curve", "", MakeInfo(0.0, 1.0), MakeInfo(0.0, 1.0)}; }
 
 TEST(ParametrizedCaptureObjectTest, ConnectingReadsTheValueAtOnceAndNotifies) {
     CCaptureParam input(MakeInfo(0.0, 10.0, 3.0));
@@ -138,9 +138,9 @@ TEST(ParametrizedCaptureObjectTest, DisconnectAndDestructorLetGoOfTheInputs) {
 }
 
 TEST(ParametrizedCaptureObjectTest, ACurveIsReadWhenTheFormulaIsEvaluated) {
-    CCaptureCurve input(MakeCurveInfo());
+    CCaptureCurve input(MakeFormulaCurveInfo());
     input.SetValue(CConstantFunction(2.0));
-    CParametrizedCaptureCurve output(MakeCurveInfo(), MakeCurveFormula());
+    CParametrizedCaptureCurve output(MakeFormulaCurveInfo(), MakeCurveFormula());
     IConstCaptureCurve& curve = output;
     EXPECT_EQ(curve.GetValue().Evaluate(0.5), 0.5); // nothing connected: the identity
     CEventLog log(output);
@@ -152,9 +152,9 @@ TEST(ParametrizedCaptureObjectTest, ACurveIsReadWhenTheFormulaIsEvaluated) {
 }
 
 TEST(ParametrizedCaptureObjectTest, AnotherListenerMayEvaluateBeforeTheFormulaHeardOfTheNewCurve) {
-    CCaptureCurve input(MakeCurveInfo());
+    CCaptureCurve input(MakeFormulaCurveInfo());
     input.SetValue(CConstantFunction(2.0));
-    CParametrizedCaptureCurve output(MakeCurveInfo(), MakeCurveFormula());
+    CParametrizedCaptureCurve output(MakeFormulaCurveInfo(), MakeCurveFormula());
     double seen = -1.0;
     const CListener before(input.GetValueChangedEvents(),
                            [&] { seen = output.GetValue().Evaluate(0.0); });
@@ -164,10 +164,10 @@ TEST(ParametrizedCaptureObjectTest, AnotherListenerMayEvaluateBeforeTheFormulaHe
 }
 
 TEST(ParametrizedCaptureObjectTest, ACloneOfTheValueOutlivesTheInput) {
-    CParametrizedCaptureCurve output(MakeCurveInfo(), MakeCurveFormula());
+    CParametrizedCaptureCurve output(MakeFormulaCurveInfo(), MakeCurveFormula());
     std::unique_ptr<IFunction> clone;
     {
-        CCaptureCurve input(MakeCurveInfo());
+        CCaptureCurve input(MakeFormulaCurveInfo());
         input.SetValue(CConstantFunction(2.0));
         output.Connect("f", input);
         clone.reset(output.GetValue().Clone());
@@ -178,8 +178,8 @@ TEST(ParametrizedCaptureObjectTest, ACloneOfTheValueOutlivesTheInput) {
 }
 
 TEST(ParametrizedCaptureObjectTest, FormulasThatLeadBackToThemselvesEndAnyhow) {
-    CParametrizedCaptureCurve first(MakeCurveInfo(), MakeCurveFormula());
-    CParametrizedCaptureCurve second(MakeCurveInfo(), MakeCurveFormula());
+    CParametrizedCaptureCurve first(MakeFormulaCurveInfo(), MakeCurveFormula());
+    CParametrizedCaptureCurve second(MakeFormulaCurveInfo(), MakeCurveFormula());
     first.Connect("f", second);
     second.Connect("f", first);
     EXPECT_EQ(first.GetValue().Evaluate(0.5), 0.0);

@@ -18,7 +18,7 @@ using Serialization::IReadDataStream;
 using Serialization::IWriteDataStream;
 
 constexpr int kVersion = 3;
-constexpr char kRoot[] = "Root";
+constexpr char kSettingsRoot[] = "Root";
 constexpr char kItem[] = "item";
 constexpr char kVersionKey[] = "version";
 constexpr char kSkinKey[] = "skinFile";
@@ -102,13 +102,13 @@ void CAudioPluginDefaultSettings::NotifyIfKept() {
 }
 
 bool CAudioPluginDefaultSettings::Load() {
-    CXmlDataObject document(kRoot, Serialization::kXmlAttributes);
+    CXmlDataObject document(kSettingsRoot, Serialization::kXmlAttributes);
     return document.LoadFile(paths.GetGlobalSettingsFile()) && DeSerialize(document);
 }
 
 bool CAudioPluginDefaultSettings::Save() {
     const CAutoLock held(saveLock);
-    CXmlDataObject document(kRoot, Serialization::kXmlAttributes);
+    CXmlDataObject document(kSettingsRoot, Serialization::kXmlAttributes);
     return Serialize(document) && System::DataFolders::Create(paths.GetUserDataFolder()) &&
            document.SaveFile(paths.GetGlobalSettingsFile());
 }

@@ -25,7 +25,7 @@ using System::DataFolders;
 constexpr char kFreshName[] = "Default Settings";
 constexpr char kUnnamed[] = "Default";
 constexpr char kNameKey[] = "progName";
-constexpr char kRoot[] = "Preset";
+constexpr char kPresetRoot[] = "Preset";
 
 bool IsAbsolute(const char* path) { return path && *path == '/'; }
 
@@ -134,7 +134,7 @@ bool CPresetsManager::SavePreset(const char* path) {
 }
 
 bool CPresetsManager::WriteState(const char* path) const {
-    CXmlDataObject document(kRoot, Serialization::kXmlAttributes);
+    CXmlDataObject document(kPresetRoot, Serialization::kXmlAttributes);
     if (!state.Serialize(document)) {
         return false;
     }
@@ -146,7 +146,7 @@ bool CPresetsManager::WriteState(const char* path) const {
 }
 
 bool CPresetsManager::LoadPreset(const char* path) {
-    CXmlDataObject document(kRoot, Serialization::kXmlAttributes);
+    CXmlDataObject document(kPresetRoot, Serialization::kXmlAttributes);
     return IsAbsolute(path) && document.LoadFile(path) && state.DeSerialize(document);
 }
 
