@@ -73,7 +73,7 @@ void ProcessWatched(CVSTPlug& plug, VstEvents& events, float** channels, int fra
 }
 
 /// The whole plug-in, with automation and with controllers that drive each parameter.
-bool RunPlug() {
+void RunPlug() {
     CVSTPlug plug(AnswerPlug, CreateProductConfig(), GetStaticSettings());
     for (int i = 0; i < plug.getAeffect()->numParams; ++i) {
         auto& setting = GetStaticSettings().GetSettings().GetInputCCSettings().Get(i);
@@ -99,7 +99,6 @@ bool RunPlug() {
                        block * 37 % (2 * kMaxFrames) > kMaxFrames ? kMaxFrames
                                                                   : block * 37 % kMaxFrames);
     }
-    return true;
 }
 
 } // namespace
@@ -107,9 +106,10 @@ bool RunPlug() {
 int main(int count, char** words) {
     setenv("XDG_DATA_HOME", "/nonexistent", 1); // no presets of the machine
     const bool misbehave = count > 1 && std::strcmp(words[1], "control") == 0;
-    if (!RunFilter(misbehave) || !RunPlug()) {
+    if (!RunFilter(misbehave)) {
         return 1;
     }
+    RunPlug();
     std::puts("no violation");
     return 0;
 }

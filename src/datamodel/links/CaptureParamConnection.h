@@ -73,12 +73,12 @@ private:
         void LetGo();
         void HoldFunction(Math::IFunction* newFunction, Core::EOwnership ownership);
 
-        ICaptureParam* object = nullptr;            // not owned
-        CCaptureParamConnection& connection;        //
-        CEnd& other;                                //
+        ICaptureParam* object = nullptr; // not owned
+        CCaptureParamConnection& connection;
+        CEnd& other;
         Core::TOwnership<Math::IFunction> function; // from here to the other end
-        double lastValue = 0.0;                     //
-        CCaptureForward captured;                   // the other end is held because this one is
+        double lastValue = 0.0;
+        CCaptureForward captured; // the other end is held because this one is
 
     private:
         void OnChanged();
