@@ -42,7 +42,7 @@ if(ONDARA_FUZZ)
 endif()
 
 if(ONDARA_SANITIZE)
-  add_compile_options(-fsanitize=${ONDARA_SANITIZE} -fno-omit-frame-pointer -g)
+  add_compile_options(-fsanitize=${ONDARA_SANITIZE} -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${ONDARA_SANITIZE})
   if(ONDARA_SANITIZE MATCHES "undefined")
     add_compile_options(-fno-sanitize-recover=undefined)
