@@ -27,7 +27,8 @@ bool CModelElement::IsNotFalse(const char* name) const {
 bool CModelElement::ReadNumber(const char* text, double& value) {
     const char* end = text + std::strlen(text);
     double number = 0.0;
-    const std::from_chars_result read = std::from_chars(text, end, number);
+    const std::from_chars_result read =
+        std::from_chars(*text == '+' ? text + 1 : text, end, number);
     if (read.ec != std::errc() || read.ptr != end) {
         const std::unique_ptr<Math::IConstant> formula = ParseConstantFormula(text);
         number = formula ? formula->Evaluate() : std::numeric_limits<double>::quiet_NaN();

@@ -217,8 +217,8 @@ void CSkinModel::Detach() {
 void CSkinModel::Disconnect() {
     Rest(true);
     uses.clear();
-    for (std::size_t i = disconnects.size(); i > 0; --i) {
-        disconnects[i - 1]->Disconnect();
+    for (Core::IDisconnect* connected : disconnects) {
+        connected->Disconnect();
     }
     disconnects.clear();
     resting.clear();

@@ -7,28 +7,16 @@
 
 namespace Vorin::AppEngine {
 
-CSkinModelCollectionItem::CSkinModelCollectionItem(CSkinModel& parentModel) : parent(&parentModel) {
-    parent->GetEnableEvents().Connect(parentEnabled);
-}
-
-CSkinModelCollectionItem::~CSkinModelCollectionItem() { CSkinModelCollectionItem::Disconnect(); }
-
-void CSkinModelCollectionItem::Disconnect() {
-    if (parent) {
-        parent->GetEnableEvents().Disconnect(parentEnabled);
-        parent = nullptr;
-        model.Disconnect();
-    }
-}
-
 CSkinModelCollectionItemFactory::CSkinModelCollectionItemFactory(
     CSkinModel& parentModel, std::unique_ptr<IParsedTemplate> recordedContent,
     const Serialization::ISerialize& parserState, std::shared_ptr<CSkinModelContext> sharedContext)
     : model(parentModel), content(std::move(recordedContent)), context(std::move(sharedContext)) {
     parserState.Serialize(publicState);
+    model.GetEnableEvents().Connect(modelEnabled);
 }
 
 CSkinModelCollectionItemFactory::~CSkinModelCollectionItemFactory() {
+    model.GetEnableEvents().Disconnect(modelEnabled);
     for (int index = 0; index < items.GetSize(); ++index) {
         if (items[index]) {
             --context->itemsCount;
@@ -58,7 +46,7 @@ bool CSkinModelCollectionItemFactory::CreateItem(
         return false;
     }
     ++context->itemsCount;
-    auto item = std::make_unique<CSkinModelCollectionItem>(model);
+    auto item = std::make_unique<CSkinModelCollectionItem>();
     // In its slot before it is filled: what its links set off may take it away again.
     CSkinModelCollectionItem& made = *item;
     items[index] = item.release();
@@ -82,6 +70,15 @@ void CSkinModelCollectionItemFactory::Fill(CSkinModelCollectionItem& item,
         for (const CoreUtilities::CMemMessageLog::CRecord& record : log.GetRecords()) {
             const Core::CPlaceScope scope(*itemLog, record.place);
             itemLog->Log(record.type, record.text.c_str(), record.level);
+        }
+    }
+}
+
+/// Links that run again may change the count meanwhile.
+void CSkinModelCollectionItemFactory::OnModelEnabled() {
+    for (int index = 0; index < items.GetSize(); ++index) {
+        if (items[index]) {
+            items[index]->GetModel().SetEnabled(model.IsEnabled());
         }
     }
 }

@@ -12,29 +12,19 @@
 namespace Vorin::AppEngine {
 
 /// An item of a collection in a model: a model of its own, whose objects are in the model around it
-/// too. It is enabled while that one is.
+/// too.
 class CSkinModelCollectionItem : public virtual ISkinCollectionItem {
 public:
-    explicit CSkinModelCollectionItem(CSkinModel& parentModel);
-    ~CSkinModelCollectionItem() override;
-
-    CSkinModelCollectionItem(const CSkinModelCollectionItem&) = delete;
-    CSkinModelCollectionItem& operator=(const CSkinModelCollectionItem&) = delete;
-
     CSkinModel& GetModel() { return model; }
 
-    void Disconnect() override;
+    void Disconnect() override { model.Disconnect(); }
 
 private:
-    void OnParentEnabled() { model.SetEnabled(parent->IsEnabled()); }
-
-    CSkinModel* parent; // null once disconnected
     CSkinModel model;
-    Core::TCommand<CSkinModelCollectionItem> parentEnabled{
-        this, &CSkinModelCollectionItem::OnParentEnabled};
 };
 
-/// Makes such items out of recorded elements, also long after the document was read.
+/// Makes such items out of recorded elements, also long after the document was read. They are
+/// enabled while the model around them is.
 class CSkinModelCollectionItemFactory : public virtual ISkinCollectionItemFactory {
 public:
     /// The model outlives the factory. The parser's state is copied.
@@ -58,6 +48,7 @@ public:
     void Release(int delta) override;
 
 private:
+    void OnModelEnabled();
     void Fill(CSkinModelCollectionItem& item, const Containers::IConstNamedAttributes& attributes);
 
     Containers::TDynamicVector<CSkinModelCollectionItem*, Containers::CStepGrowthStrategy> items{
@@ -66,6 +57,9 @@ private:
     std::unique_ptr<IParsedTemplate> content;
     Serialization::CMemDataObject publicState;
     std::shared_ptr<CSkinModelContext> context;
+    // One for all items: to take thousands of listeners out of a provider takes its time.
+    Core::TCommand<CSkinModelCollectionItemFactory> modelEnabled{
+        this, &CSkinModelCollectionItemFactory::OnModelEnabled};
 };
 
 } // namespace Vorin::AppEngine

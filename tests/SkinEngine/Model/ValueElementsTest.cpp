@@ -158,14 +158,16 @@ TEST_F(ValueElementsTest, LabelsAreForEnumerationsAlone) {
 
 TEST_F(ValueElementsTest, NumbersMayBeFormulas) {
     ASSERT_TRUE(Load(R"(<VARIABLE id="n" value="4"/>
-                        <PARAM id="a" min="-1e2" max="$n$*25" default="0-1.5"/>)"));
+                        <PARAM id="a" min="-1e2" max="$n$*25" default="0-1.5"/>
+                        <PARAM id="b" max="+9"/>)"));
     EXPECT_EQ(Get("a.min"), -100.0);
     EXPECT_EQ(Get("a.max"), 100.0);
     EXPECT_EQ(Get("a"), -1.5);
+    EXPECT_EQ(Get("b.max"), 9.0);
 }
 
 TEST_F(ValueElementsTest, WhatIsNoNumberIsAnErrorAndCountsAsAbsent) {
-    for (const char* text : {"", "12 dB", "abc", "1,5", "nan", "inf", "1/0", "0x10", " 1"}) {
+    for (const char* text : {"", "+", "12 dB", "abc", "1,5", "nan", "inf", "1/0", "0x10", " 1"}) {
         SCOPED_TRACE(text);
         const bool isNumber = std::string(text) == " 1"; // a formula may begin with a blank
         EXPECT_EQ(Load(std::string(R"(<PARAM id="a" max=")") + text + "\"/>"), isNumber);
