@@ -2,7 +2,13 @@
 // more than a failed parse.
 #include "DocumentTest.h"
 
+#include <xercesc/sax/ErrorHandler.hpp>
+#include <xercesc/sax/SAXParseException.hpp>
+
 #include <clocale>
+#include <functional>
+#include <new>
+#include <stdexcept>
 #include <thread>
 
 #include "files/Locale.h"
@@ -109,6 +115,47 @@ TEST_F(CMalformedTest, ElementsInEachOther) {
         EXPECT_EQ(stream.substr(0, 3), "<A>");
         EXPECT_NE(stream.find("<C></C></A>"), std::string::npos) << stream;
     }
+}
+
+TEST_F(CMalformedTest, AnEncodingThatIsNotThatOfTheFileIsAWarning) {
+    EXPECT_TRUE(Parse("<?xml version=\"1.0\" encoding=\"UTF-16\"?><A/>"));
+    ASSERT_EQ(log.GetCount(), 1);
+    EXPECT_EQ(Messages()[0].substr(0, 23), "main.xml:1: warning: 1:");
+    EXPECT_EQ(Messages()[0].substr(Messages()[0].size() - 11), " (main.xml)");
+}
+
+/// An element in whose start handler something goes wrong that no document could bring about.
+class CBreak : public CSkinParser::CStartHandler {
+public:
+    explicit CBreak(std::function<void()> brokenWork) : work(std::move(brokenWork)) {}
+    bool Execute(const Containers::IConstNamedAttributes& /*attributes*/) override {
+        work();
+        return true;
+    }
+
+private:
+    std::function<void()> work;
+};
+
+TEST_F(CMalformedTest, AnErrorThatTheReaderGoesOnAfterFailsTheParse) {
+    parser.RegisterStartHandler("BREAK", new CBreak([this] {
+                                    static_cast<xercesc::ErrorHandler&>(parser).error(
+                                        xercesc::SAXParseException(u"odd", u"", u"", 7, 1));
+                                }));
+    EXPECT_FALSE(Parse("<A><BREAK/><B/></A>"));
+    EXPECT_EQ(stream, "<A><B></B></A>");
+    EXPECT_EQ(Messages(), Lines({"main.xml:7: error: line 7: odd (main.xml)"}));
+}
+
+TEST_F(CMalformedTest, WhatAHandlerThrowsStaysInTheParser) {
+    parser.RegisterStartHandler("BREAK", new CBreak([] { throw std::bad_alloc(); }));
+    EXPECT_FALSE(Parse("<A>\n<BREAK/><B/></A>"));
+    EXPECT_EQ(Messages(), Lines({"main.xml:2: error: Out of memory"}));
+    log.Clear();
+    parser.RegisterStartHandler("BREAK", new CBreak([] { throw std::runtime_error("odd"); }));
+    EXPECT_FALSE(Parse("<A>\n<BREAK/><B/></A>"));
+    EXPECT_EQ(Messages(), Lines({"main.xml:2: error: Internal error"}));
+    EXPECT_EQ(stream, "<A><A>");
 }
 
 class CSurroundingsTest : public CDocumentTest {};
