@@ -79,7 +79,7 @@ private:
         void operator()(std::uint8_t* memory) const { std::free(memory); }
     };
     struct FreeSurface {
-        void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+        void operator()(cairo_surface_t* owned) const { cairo_surface_destroy(owned); }
     };
 
     CBitmapContext(std::uint8_t* memory, const Core::C2DSize& size, EPixelFormat format);

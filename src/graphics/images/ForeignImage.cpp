@@ -40,6 +40,42 @@ bool IsPng(const std::uint8_t* data, std::size_t size) {
     return size >= sizeof(kSignature) && std::memcmp(data, kSignature, sizeof(kSignature)) == 0;
 }
 
+std::uint32_t GetLittleEndian(const std::uint8_t* bytes) {
+    return bytes[0] | (std::uint32_t{bytes[1]} << 8) | (std::uint32_t{bytes[2]} << 16) |
+           (std::uint32_t{bytes[3]} << 24);
+}
+
+/// The library takes as much memory as a BMP file says that its headers are long.
+bool HasSaneHeaders(const char* format, const std::uint8_t* data, std::size_t size) {
+    if (std::strcmp(format, "bmp") != 0) {
+        return true;
+    }
+    constexpr std::size_t kPixelsAt = 10;
+    constexpr std::size_t kHeaderSizeAt = 14;
+    constexpr std::uint32_t kLargestHeader = 124;
+    return size >= kHeaderSizeAt + 4 && GetLittleEndian(data + kHeaderSizeAt) <= kLargestHeader &&
+           GetLittleEndian(data + kPixelsAt) < size;
+}
+
+/// While it lives, the library keeps to itself what it has to say about damaged files: it would
+/// print it, in a process that is not ours.
+class CQuietLibrary {
+public:
+    CQuietLibrary()
+        : handler(g_log_set_handler(
+              kDomain,
+              static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL |
+                                          G_LOG_FLAG_RECURSION),
+              [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr)) {}
+    ~CQuietLibrary() { g_log_remove_handler(kDomain, handler); }
+    CQuietLibrary(const CQuietLibrary&) = delete;
+    CQuietLibrary& operator=(const CQuietLibrary&) = delete;
+
+private:
+    static constexpr const char* kDomain = "GdkPixbuf";
+    const guint handler;
+};
+
 /// Called as soon as the size is known, before memory is taken for it. A size of 0 is how the
 /// library is told to stop.
 void RefuseLargeImage(GdkPixbufLoader* loader, int width, int height, gpointer refused) {
@@ -124,6 +160,10 @@ CLoadedImage DecodeForeignImage(const std::uint8_t* data, std::size_t size) {
         return {nullptr, false,
                 "is not an image of a known kind; save it as PNG, JPEG, GIF, BMP or TIFF"};
     }
+    if (!HasSaneHeaders(format, data, size)) {
+        return {nullptr, false, "is not an image that can be shown: the data are damaged"};
+    }
+    const CQuietLibrary quiet;
     std::string problem;
     const auto pixels = RunForeignLoader(format, data, size, problem);
     if (!pixels) {

@@ -283,11 +283,11 @@ void CPlatformFont::Show(CDrawContext& context, const RGB& color, const CTextLin
     if (isTurned) {
         const double reach = std::hypot(std::max(std::fabs(left), std::fabs(right)),
                                         std::max(std::fabs(upper), std::fabs(lower)));
-        area = {FloorToInt(box.x - reach), FloorToInt(box.y - reach), CeilToInt(2.0 * reach) + 2,
-                CeilToInt(2.0 * reach) + 2};
+        area = {FloorToInt(box.x - reach), FloorToInt(box.y - reach), CeilToInt(2.0 * reach + 2.0),
+                CeilToInt(2.0 * reach + 2.0)};
     } else {
-        area = {FloorToInt(box.x + left), FloorToInt(box.y + upper), CeilToInt(right - left) + 2,
-                CeilToInt(lower - upper) + 2};
+        area = {FloorToInt(box.x + left), FloorToInt(box.y + upper), CeilToInt(right - left + 2.0),
+                CeilToInt(lower - upper + 2.0)};
     }
     cairo_t* cairo = context.BeginCairo(area);
     if (!cairo) {

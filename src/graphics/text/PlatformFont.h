@@ -36,7 +36,7 @@ public:
 
 private:
     struct CDescriptionFree {
-        void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
+        void operator()(PangoFontDescription* it) const { pango_font_description_free(it); }
     };
     struct CAttributesUnref {
         void operator()(PangoAttrList* list) const { pango_attr_list_unref(list); }

@@ -23,7 +23,7 @@ CTextLines::CTextLines(PangoContext* context, const PangoFontDescription* font,
         PangoLayout* layout = layouts.emplace_back(pango_layout_new(context)).get();
         pango_layout_set_font_description(layout, font);
         pango_layout_set_attributes(layout, attributes);
-        if (breakWidth >= 0.0 && breakWidth < std::numeric_limits<int>::max() / PANGO_SCALE) {
+        if (breakWidth >= 0.0 && breakWidth < ToPixels(std::numeric_limits<int>::max())) {
             pango_layout_set_width(layout, static_cast<int>(breakWidth * PANGO_SCALE));
             pango_layout_set_wrap(layout, PANGO_WRAP_WORD);
         }

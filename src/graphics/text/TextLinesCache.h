@@ -16,8 +16,9 @@ namespace Vorin::Graphics {
 class CTextLinesCache {
 public:
     static constexpr std::size_t kMaxTexts = 256;
-    static constexpr std::size_t kMaxTextBytes = 64 * 1024;   ///< a longer text is not kept
-    static constexpr std::size_t kMaxTotalBytes = 256 * 1024; ///< of all texts
+    static constexpr std::size_t kMaxTextBytes =
+        std::size_t{64} * 1024; ///< a longer text is not kept
+    static constexpr std::size_t kMaxTotalBytes = std::size_t{256} * 1024; ///< of all texts
 
     struct CKey {
         std::string_view text; ///< as the caller gave it

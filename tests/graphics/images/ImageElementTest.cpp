@@ -135,7 +135,7 @@ TEST(ImageCatalogTest, FarPointsAreNotHit) {
     catalog.SetElement(0, std::make_unique<CNormalImageElement>(MakeMapImage({5, 2})));
     for (const int x : {kMin, kMax})
         for (const int y : {kMin, kMax})
-            EXPECT_FALSE(catalog.HitTest(0, {x, y}, {-x, y == kMin ? kMax : kMin}, 0.2));
+            EXPECT_FALSE(catalog.HitTest(0, {x, y}, {x == kMin ? kMax : kMin, 0}, 0.2));
 }
 
 } // namespace

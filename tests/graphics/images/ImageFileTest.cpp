@@ -157,7 +157,33 @@ TEST(ImageFileTest, LargeImagesOfOtherKindsAreRefusedBeforeMemoryIsTaken) {
               "is not an image that can be shown: it is larger than 8192 pixels a side or 16 "
               "million pixels");
     EXPECT_EQ(DecodeForeignText(gif).image, nullptr);
+    // Sides of 0, which the library complains about; in a TIFF each stands in a field of its own.
+    for (const std::size_t field : {std::size_t{18}, std::size_t{22}}) {
+        std::string flat = GetForeignBytes("bmp");
+        flat.replace(field, 4, std::string(4, '\0'));
+        EXPECT_EQ(DecodeForeignText(flat).image, nullptr);
+    }
+    for (std::size_t at = 0; at + 12 <= tiff.size(); ++at) {
+        const bool isSide = tiff[at + 1] == 1 && (tiff[at] == 0 || tiff[at] == 1);
+        if (isSide) {
+            std::string flat = tiff;
+            flat.replace(at + 8, 4, std::string(4, '\0'));
+            DecodeForeignText(flat);
+        }
+    }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+// The loader would take that much memory at once.
+TEST(ImageFileTest, HeadersLongerThanTheFileAreRefused) {
+    const std::string bmp = GetForeignBytes("bmp");
+    for (const std::size_t field : {std::size_t{10}, std::size_t{14}}) {
+        std::string damaged = bmp;
+        damaged.replace(field, 4, "\xC4\x83\x83\x83");
+        EXPECT_EQ(DecodeForeignText(damaged).problem,
+                  "is not an image that can be shown: the data are damaged");
+    }
+    EXPECT_EQ(DecodeForeignText(bmp.substr(0, 17)).image, nullptr);
 }
 
 TEST(ImageFileTest, DecodingNothingIsNoImage) {
