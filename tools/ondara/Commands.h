@@ -10,5 +10,6 @@ COutcome RunDemo(CArguments& arguments);
 COutcome RunPreset(CArguments& arguments);
 COutcome RunFormula(CArguments& arguments);
 COutcome RunSkin(CArguments& arguments);
+COutcome RunModel(CArguments& arguments);
 
 } // namespace Workbench

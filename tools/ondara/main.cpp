@@ -19,6 +19,7 @@ The workbench of the Ondara oscilloscope.
   preset  look into presets, and say whether they would load
   formula evaluate a formula of the skin language
   skin    read a skin document, and print what it expands to
+  model   load a model of the skin language, and try it
 
 ondara COMMAND --help says more. Results go to the standard output or to a file, messages to the
 standard error. The exit status is 0 on success, 1 when the input is at fault, 2 on wrong usage.
@@ -30,11 +31,8 @@ struct CCommand {
 };
 
 constexpr CCommand kCommands[] = {
-    {"scope", RunScope},
-    {"demo", RunDemo},
-    {"preset", RunPreset},
-    {"formula", RunFormula},
-    {"skin", RunSkin},
+    {"scope", RunScope},     {"demo", RunDemo}, {"preset", RunPreset},
+    {"formula", RunFormula}, {"skin", RunSkin}, {"model", RunModel},
 };
 
 COutcome Run(int count, char** words) {
