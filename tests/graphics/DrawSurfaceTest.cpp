@@ -17,8 +17,8 @@ namespace {
 
 using Core::C2DRectangle;
 
-constexpr int kMin = std::numeric_limits<int>::min();
-constexpr int kMax = std::numeric_limits<int>::max();
+constexpr int kSmallest = std::numeric_limits<int>::min();
+constexpr int kLargest = std::numeric_limits<int>::max();
 
 // A black bitmap with a surface of Cairo's alone.
 class CCairoPicture {
@@ -114,16 +114,16 @@ TEST(DrawSurfaceTest, FarAndBadPlatformCoordinatesAreClipped) {
     picture->DrawSmoothLine({-kInfinity, 0.0f}, {kInfinity, 5.0f});
     picture->DrawSmoothPoint({kNaN, kNaN});
     EXPECT_EQ(picture.GetSum(), 0);
-    picture->DrawLine({kMin, 2}, {kMax, 2});
+    picture->DrawLine({kSmallest, 2}, {kLargest, 2});
     for (int x = 0; x < 6; ++x)
         EXPECT_EQ(picture.GetColor(x, 2), (RGB{255, 255, 255})) << x;
     EXPECT_EQ(picture.GetSum(), 6 * 255);
     picture->DrawSmoothLine({-3e38f, 4.0f}, {3e38f, 4.0f});
     EXPECT_EQ(picture.GetColor(3, 4), (RGB{255, 255, 255}));
-    picture->SetOrigin({kMin, kMax});
-    picture->DrawRectangle({kMin, kMin, kMax, kMax});
-    picture->DrawRectangle({kMax, kMin, kMax, kMax});
-    picture->FillRectangle({kMax, kMax, kMax, kMax});
+    picture->SetOrigin({kSmallest, kLargest});
+    picture->DrawRectangle({kSmallest, kSmallest, kLargest, kLargest});
+    picture->DrawRectangle({kLargest, kSmallest, kLargest, kLargest});
+    picture->FillRectangle({kLargest, kLargest, kLargest, kLargest});
 }
 
 TEST(DrawSurfaceTest, APartOfAnImageIsDrawnAtItsPlace) {
@@ -157,8 +157,8 @@ TEST(DrawSurfaceTest, WhatLiesOutsideTheImageIsLeftOut) {
                                      {-4, 0, 4, 4},
                                      {0, 0, 0, 4},
                                      {0, 0, 4, -1},
-                                     {kMax, kMax, kMax, kMax},
-                                     {kMin, kMin, kMax, kMax}}) {
+                                     {kLargest, kLargest, kLargest, kLargest},
+                                     {kSmallest, kSmallest, kLargest, kLargest}}) {
         CTestPicture empty({8, 8});
         empty->DrawImage(*image, part.GetPosition(), {0, 0}, part.GetSize());
         empty->StretchImage(*image, part, {0, 0, 8, 8});
@@ -171,8 +171,9 @@ TEST(DrawSurfaceTest, HostilePlacesOfPicturesDrawWhatIsThere) {
     CDIBBitmap bitmap({4, 4}, 16);
     CDrawLayer layer({4, 4});
     CTestPicture picture({8, 8});
-    const int values[] = {kMin, kMin + 1, -5, 0, 3, kMax - 1, kMax};
-    for (const Core::C2DVector& origin : {Core::C2DVector{}, {kMax, kMin}, {kMin, kMax}}) {
+    const int values[] = {kSmallest, kSmallest + 1, -5, 0, 3, kLargest - 1, kLargest};
+    for (const Core::C2DVector& origin :
+         {Core::C2DVector{}, {kLargest, kSmallest}, {kSmallest, kLargest}}) {
         picture->SaveState();
         picture->SetOrigin(origin);
         for (int a : values)
@@ -180,14 +181,14 @@ TEST(DrawSurfaceTest, HostilePlacesOfPicturesDrawWhatIsThere) {
                 for (int c : values)
                     for (int d : values) {
                         picture->DrawImage(*image, {a, b}, {c, d}, {a, d});
-                        picture->DrawImageAlpha(*image, {a, b}, {c, d}, {kMax, kMax}, b);
+                        picture->DrawImageAlpha(*image, {a, b}, {c, d}, {kLargest, kLargest}, b);
                         picture->StretchImage(*image, {a, b, c, d}, {b, c, d, a});
                         picture->StretchImage(*image, {0, 0, 4, 4}, {a, b, c, d});
                         picture->DrawBitmap(bitmap, {a, b}, {c, d}, {d, c});
-                        picture->StretchBitmap(bitmap, {a, b, kMax, kMax}, {a, b, c, d});
+                        picture->StretchBitmap(bitmap, {a, b, kLargest, kLargest}, {a, b, c, d});
                     }
-        picture->DrawLayer(layer, {kMin, kMax});
-        picture->StretchLayer(layer, {kMin, kMin, kMax, kMax});
+        picture->DrawLayer(layer, {kSmallest, kLargest});
+        picture->StretchLayer(layer, {kSmallest, kSmallest, kLargest, kLargest});
         picture->RestoreState();
     }
     picture->SetPenColor({1, 2, 3});

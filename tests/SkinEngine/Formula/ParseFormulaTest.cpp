@@ -23,7 +23,7 @@ using Testing::kInOpenForms;
 using Testing::Sorted;
 using Testing::ValidForms;
 using Testing::Value;
-using Names = std::vector<std::string>;
+using NameList = std::vector<std::string>;
 
 void ExpectValues(const std::map<std::string, double>& values) {
     for (const auto& [text, value] : values) {
@@ -31,7 +31,7 @@ void ExpectValues(const std::map<std::string, double>& values) {
     }
 }
 
-void ExpectForms(const Names& texts, const char* forms) {
+void ExpectForms(const NameList& texts, const char* forms) {
     for (const std::string& text : texts) {
         EXPECT_EQ(ValidForms(text), forms) << text;
     }
@@ -188,7 +188,7 @@ TEST(ParseFormulaTest, VariablesOfASurfaceAreXAndYUnlessSaidOtherwise) {
     EXPECT_EQ(ParseParametrizedBinaryFunction("u", "u", "u")->GetFunction()->Evaluate(5.0, 2.0),
               5.0);
     const auto partly = ParseParametrizedBinaryFunction("x-y", "u", nullptr);
-    EXPECT_EQ(Sorted(partly->CreateConstantIterator()), Names{"x"});
+    EXPECT_EQ(Sorted(partly->CreateConstantIterator()), NameList{"x"});
     EXPECT_EQ(partly->GetFunction()->Evaluate(5.0, 2.0), -2.0);
 }
 
@@ -211,9 +211,9 @@ TEST(ParseFormulaTest, NothingAndEmptinessAreInvalid) {
 TEST(ParseFormulaTest, OpenNamesAreKeptByTheirUse) {
     const auto formula = ParseParametrizedFunction("b+a+foo*foo(x)+foo(1,2)-a+pi+min(1)+sin(c)");
     ASSERT_TRUE(formula);
-    EXPECT_EQ(Sorted(formula->CreateConstantIterator()), (Names{"a", "b", "c", "foo"}));
-    EXPECT_EQ(Sorted(formula->CreateFunctionIterator()), (Names{"foo", "min"}));
-    EXPECT_EQ(Sorted(formula->CreateBinaryFunctionIterator()), Names{"foo"});
+    EXPECT_EQ(Sorted(formula->CreateConstantIterator()), (NameList{"a", "b", "c", "foo"}));
+    EXPECT_EQ(Sorted(formula->CreateFunctionIterator()), (NameList{"foo", "min"}));
+    EXPECT_EQ(Sorted(formula->CreateBinaryFunctionIterator()), NameList{"foo"});
 }
 
 TEST(ParseFormulaTest, ANewOpenNameIsZeroTheArgumentOrTheSum) {
