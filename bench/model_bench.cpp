@@ -42,8 +42,8 @@ std::string MakeModelDocument(int params) {
         text += "<FORMULA_PARAM id=\"f" + std::to_string(i) + "\" formula=\"p" + std::to_string(i) +
                 "*2+p" + std::to_string(i + 1) + "\"/>\n";
     }
-    text += "<PARAM id=\"source\" max=\"1\"/>\n"
-            "<FORMULA_PARAM id=\"alone\" formula=\"source*2+1\"/>\n";
+    text += "<PARAM id=\"band.frequency\" max=\"1\"/>\n"
+            "<FORMULA_PARAM id=\"alone\" formula=\"band.frequency*2+1\"/>\n";
     return text + "</MODEL>\n";
 }
 
@@ -125,7 +125,7 @@ private:
 class CSourceInModel {
 public:
     explicit CSourceInModel(int params)
-        : file(params), loaded(file, false), source(loaded.GetModel().GetParam("source")),
+        : file(params), loaded(file, false), source(loaded.GetModel().GetParam("band.frequency")),
           listener(loaded.GetModel().GetConstParam("alone").GetValueChangedEvents()) {}
 
     void Change() {
@@ -146,13 +146,13 @@ class CBareFormula {
 public:
     void Change() {
         value = value < 0.5 ? 0.75 : 0.25;
-        formula->SetConstant("source", value);
+        formula->SetConstant("band.frequency", value);
         events.Notify();
     }
 
 private:
     std::unique_ptr<TParametrizedFunction<Math::IConstant>> formula =
-        ParseParametrizedConstant("source*2+1");
+        ParseParametrizedConstant("band.frequency*2+1");
     Core::CEventProvider events;
     CModelListener listener{events};
     double value = 0.25;
