@@ -10,7 +10,7 @@
 namespace Vorin::Graphics {
 
 /// No larger image file is read.
-inline constexpr std::size_t kMaxImageFileBytes = 32u * 1024 * 1024;
+inline constexpr std::size_t kMaxImageFileBytes = std::size_t{32} * 1024 * 1024;
 
 /// What became of an image file.
 struct CLoadedImage {
