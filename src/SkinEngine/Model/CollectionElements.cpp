@@ -200,7 +200,9 @@ bool EndDeclaredCollection(CSkinModelFactory& factory) {
     parameters.SetValue(itemName.c_str(), (text("id", "") + "[*]").c_str());
     for (const std::string& source : SplitIds(attributes.GetValue("collection_id"))) {
         factory.GetUsage().Declare(source.c_str());
-        const std::string parameter = source + '_' + itemName;
+        std::string parameter = source;
+        parameter += '_';
+        parameter += itemName;
         parameters.SetValue(parameter.c_str(), (source + "[*]").c_str());
     }
     if (content) {
