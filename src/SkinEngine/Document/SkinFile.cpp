@@ -3,35 +3,16 @@
 #include "SkinEngine/Document/SkinLimits.h"
 
 #include "serialization/Utf8.h"
+#include "system/RegularFile.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 
-#include <fcntl.h>
 #include <strings.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace Vorin::AppEngine {
 
 namespace {
-
-class CDescriptor {
-public:
-    // Not blocking: to open a pipe would wait for somebody who writes to it.
-    explicit CDescriptor(const std::string& path)
-        : number(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
-    ~CDescriptor() {
-        if (number >= 0) {
-            ::close(number);
-        }
-    }
-    CDescriptor(const CDescriptor&) = delete;
-    CDescriptor& operator=(const CDescriptor&) = delete;
-
-    const int number;
-};
 
 /// Whether an XML text says or shows that it is not in UTF-8.
 bool HasOtherEncoding(std::string_view text) {
@@ -52,44 +33,41 @@ bool HasOtherEncoding(std::string_view text) {
     return value.size() < 7 || ::strncasecmp(value.data() + 1, "utf-8", 5) != 0;
 }
 
-std::string CannotBeRead() { return std::string("cannot be read: ") + std::strerror(errno); }
+std::string CannotBeRead(const System::CRegularFile& file) {
+    return std::string("cannot be read: ") + std::strerror(file.GetError());
+}
 
 } // namespace
 
 bool ReadSkinFile(const std::string& path, std::string& content, std::string& problem) {
-    const CDescriptor file(path);
-    struct stat state {};
-    if (file.number < 0 || ::fstat(file.number, &state) != 0) {
-        problem = CannotBeRead();
+    using EKind = System::CRegularFile::EKind;
+    System::CRegularFile file(path.c_str());
+    if (file.GetKind() == EKind::kNone) {
+        problem = CannotBeRead(file);
         return false;
     }
-    if (!S_ISREG(state.st_mode)) {
-        problem = S_ISDIR(state.st_mode) ? "is a folder, not a file; name a file in it"
-                                         : "is not a regular file; name a file on a disk";
+    if (file.GetKind() != EKind::kRegular) {
+        problem = file.GetKind() == EKind::kFolder ? "is a folder, not a file; name a file in it"
+                                                   : "is not a regular file; name a file on a disk";
         return false;
     }
     // What is there counts, not what the file's size says: it may be growing.
     content.clear();
     char block[65536];
-    for (;;) {
-        const ssize_t size = ::read(file.number, block, sizeof(block));
-        if (size < 0 && errno == EINTR) {
-            continue;
-        }
-        if (size < 0) {
-            problem = CannotBeRead();
+    std::size_t size = 0;
+    do {
+        if (!file.Read(block, sizeof(block), size)) {
+            problem = CannotBeRead(file);
             return false;
         }
-        if (size == 0) {
-            return true;
-        }
-        content.append(block, static_cast<std::size_t>(size));
+        content.append(block, size);
         if (content.size() > static_cast<std::size_t>(SkinLimits::kFileBytes)) {
             problem = "is larger than " + std::to_string(SkinLimits::kFileBytes / 1024 / 1024) +
                       " MB; split it into several files";
             return false;
         }
-    }
+    } while (size > 0);
+    return true;
 }
 
 int FindInvalidUtf8(std::string_view text) {
