@@ -1,6 +1,6 @@
 #include "datamodel/CurveInfo.h"
 
-#include "datamodel/EventCounter.h"
+#include "core/EventCounter.h"
 #include "math/LibraryFunction.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "datamodel/CustomPropertyInfo.h"
 
-#include "datamodel/EventCounter.h"
+#include "core/EventCounter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "datamodel/ObjectInfo.h"
 
+#include "core/EventCounter.h"
 #include "datamodel/ActionInfo.h"
-#include "datamodel/EventCounter.h"
 
 #include <gtest/gtest.h>
 

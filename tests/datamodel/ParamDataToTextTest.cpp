@@ -1,7 +1,7 @@
 #include "datamodel/ParamDataToText.h"
 
+#include "core/EventCounter.h"
 #include "datamodel/EnumToText.h"
-#include "datamodel/EventCounter.h"
 #include "datamodel/TextOfValue.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "datamodel/ParamInfo.h"
 
+#include "core/EventCounter.h"
 #include "datamodel/EnumToText.h"
-#include "datamodel/EventCounter.h"
 
 #include <gtest/gtest.h>
 

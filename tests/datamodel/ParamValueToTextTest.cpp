@@ -1,7 +1,7 @@
 #include "datamodel/ParamValueToText.h"
 
+#include "core/EventCounter.h"
 #include "core/NonFinite.h"
-#include "datamodel/EventCounter.h"
 #include "datamodel/TextOfValue.h"
 
 #include <gtest/gtest.h>

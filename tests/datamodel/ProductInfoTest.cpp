@@ -1,6 +1,6 @@
 #include "datamodel/ProductInfo.h"
 
-#include "datamodel/EventCounter.h"
+#include "core/EventCounter.h"
 
 #include <gtest/gtest.h>
 

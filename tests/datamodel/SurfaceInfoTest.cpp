@@ -1,6 +1,6 @@
 #include "datamodel/SurfaceInfo.h"
 
-#include "datamodel/EventCounter.h"
+#include "core/EventCounter.h"
 #include "math/LibraryFunction.h"
 
 #include <gtest/gtest.h>

@@ -32,7 +32,7 @@ TEST(LayoutCellTest, NothingIsComputedBeforeUpdatesAreOn) {
 TEST(LayoutCellTest, SetSizeKeepsAForcedSideAndFiresAllTheSame) {
     CLeaf cell({0, 0});
     cell.SetFixedWidth(30);
-    CEventCount changes(cell.GetSizeChangedEvent());
+    CEventCounter changes(cell.GetSizeChangedEvent());
     cell.SetSize({40, 50});
     EXPECT_EQ(cell.GetSize(), (C2DSize{30, 50}));
     EXPECT_EQ(changes.Take(), 1);
@@ -52,7 +52,7 @@ TEST(LayoutCellTest, AFixedSizeFiresAndLaysOutTheParentAgain) {
     CLeaf& first = AddLeaf(row, {10, 10});
     CLeaf& second = AddLeaf(row, {10, 10});
     Start(row);
-    CEventCount changes(first.GetSizeChangedEvent());
+    CEventCounter changes(first.GetSizeChangedEvent());
     first.SetFixedSize({25, 15});
     EXPECT_EQ(changes.Take(), 1);
     EXPECT_EQ(row.GetSize(), (C2DSize{35, 15}));
@@ -165,9 +165,9 @@ TEST(LayoutCellTest, APassFiresEachEventOnceAfterTheLayoutIsFinished) {
     CLeaf& second = AddLeaf(row, {10, 10}, WithFractions(0.5F, 1.0F));
     Start(row);
     ASSERT_EQ(first.GetSize().width, 50);
-    CEventCount firstSize(first.GetSizeChangedEvent());
-    CEventCount secondSize(second.GetSizeChangedEvent());
-    CEventCount secondPosition(second.GetPositionChangedEvent());
+    CEventCounter firstSize(first.GetSizeChangedEvent());
+    CEventCounter secondSize(second.GetSizeChangedEvent());
+    CEventCounter secondPosition(second.GetPositionChangedEvent());
     row.SetContentSize({200, 10});
     EXPECT_EQ(firstSize.Take(), 1);
     EXPECT_EQ(secondSize.Take(), 1);
@@ -181,8 +181,8 @@ TEST(LayoutCellTest, APassFiresEachEventOnceAfterTheLayoutIsFinished) {
 
 TEST(LayoutCellTest, EventsSwitchedOnFireOnlyWhatDiffers) {
     CLeaf cell({0, 0});
-    CEventCount sizes(cell.GetSizeChangedEvent());
-    CEventCount positions(cell.GetPositionChangedEvent());
+    CEventCounter sizes(cell.GetSizeChangedEvent());
+    CEventCounter positions(cell.GetPositionChangedEvent());
     EXPECT_TRUE(cell.EnableEvents(false));
     EXPECT_FALSE(cell.EnableEvents(false));
     cell.SetSize({5, 5});

@@ -13,7 +13,7 @@ namespace {
 class LayoutOptionsTest : public ::testing::Test {
 protected:
     CLayoutOptions options;
-    CEventCount changes{options.GetChangedEvent()};
+    CEventCounter changes{options.GetChangedEvent()};
 };
 
 TEST_F(LayoutOptionsTest, StartCenteredWithoutPositionFractionOrFlex) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/EventCounter.h"
 #include "layout/GroupLayoutCell.h"
 #include "layout/TableLayoutCell.h"
 
@@ -21,6 +22,7 @@ inline std::ostream& operator<<(std::ostream& out, const C2DPoint& point) {
 
 namespace LayoutTest {
 
+using Vorin::CEventCounter;
 using Vorin::Core::C2DPoint;
 using Vorin::Core::C2DSize;
 using Vorin::Core::C2DVector;
@@ -102,29 +104,5 @@ inline void Start(ILayoutCell& root, const C2DPoint& position = {0, 0}) {
     root.EnableUpdates(true);
     root.PlaceAt(position);
 }
-
-/// Counts what an event fires.
-class CEventCount {
-public:
-    explicit CEventCount(Vorin::Core::IEventProvider& source) : event(source) {
-        event.Connect(command);
-    }
-    ~CEventCount() { event.Disconnect(command); }
-    CEventCount(const CEventCount&) = delete;
-    CEventCount& operator=(const CEventCount&) = delete;
-
-    int Take() {
-        const int taken = count;
-        count = 0;
-        return taken;
-    }
-
-private:
-    void OnEvent() { ++count; }
-
-    Vorin::Core::IEventProvider& event;
-    Vorin::Core::TCommand<CEventCount> command{this, &CEventCount::OnEvent};
-    int count = 0;
-};
 
 } // namespace LayoutTest

@@ -1,6 +1,6 @@
 #include "datamodel/links/CaptureParamConnection.h"
 
-#include "datamodel/EventCounter.h"
+#include "core/EventCounter.h"
 #include "datamodel/links/LinkTestTools.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "datamodel/links/CaptureParamLink.h"
 
+#include "core/EventCounter.h"
 #include "core/NonFinite.h"
-#include "datamodel/EventCounter.h"
 #include "datamodel/links/LinkTestTools.h"
 #include "math/Constant.h"
 

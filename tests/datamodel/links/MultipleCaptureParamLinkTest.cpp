@@ -1,6 +1,6 @@
 #include "datamodel/links/MultipleCaptureParamLink.h"
 
-#include "datamodel/EventCounter.h"
+#include "core/EventCounter.h"
 #include "datamodel/links/CaptureParamLink.h"
 #include "datamodel/links/LinkTestTools.h"
 

@@ -1,7 +1,7 @@
 #include "datamodel/objects/CaptureParam.h"
 
+#include "core/EventCounter.h"
 #include "core/NonFinite.h"
-#include "datamodel/EventCounter.h"
 #include "datamodel/objects/ObjectsTestTools.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "datamodel/objects/ParamTextEnumValueBuilderString.h"
 
+#include "core/EventCounter.h"
 #include "datamodel/EnumToText.h"
-#include "datamodel/EventCounter.h"
 #include "datamodel/objects/CaptureParam.h"
 #include "datamodel/objects/ObjectsTestTools.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "datamodel/EventCounter.h"
+#include "core/EventCounter.h"
 #include "datamodel/objects/CaptureCurve.h"
 #include "datamodel/objects/CaptureParam.h"
 #include "math/FunctionsLibrary.h"

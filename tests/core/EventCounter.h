@@ -3,7 +3,7 @@
 #include "core/Command.h"
 #include "core/EventProvider.h"
 
-namespace Vorin::DataModel::Objects {
+namespace Vorin {
 
 /// Counts the events of a provider for as long as it lives; the provider has to live longer.
 class CEventCounter {
@@ -31,4 +31,4 @@ private:
     int count = 0;
 };
 
-} // namespace Vorin::DataModel::Objects
+} // namespace Vorin
