@@ -66,15 +66,12 @@ public:
         }
     }
     void Disconnect(Command& command) override {
-        CItem* item = commands.Find(commands.GetHead(), &command);
-        while (item) {
-            CItem* next = item->next;
+        while (CItem* const item = commands.Find(&command)) {
             if (walks > 0) {
                 commands.Retire(item, nullptr);
             } else {
                 commands.Free(item);
             }
-            item = commands.Find(next, &command);
         }
     }
 

@@ -27,7 +27,7 @@ void CEventProvider::Disconnect(ICommand*& command, bool destroy) {
     if (!command) {
         return;
     }
-    if (CItem* item = commands.Find(commands.GetHead(), command)) {
+    if (CItem* item = commands.Find(command)) {
         if (cursor == item) {
             cursor = item->next;
         }
@@ -44,11 +44,8 @@ void CEventProvider::Disconnect(ICommand*& command, bool destroy) {
 // Leaves the cursor alone, deliberately: a walk that stands before a node taken out here still
 // visits it, finds nothing to do there, and goes on behind it.
 void CEventProvider::Disconnect(ICommand& command) {
-    CItem* item = commands.Find(commands.GetHead(), &command);
-    while (item) {
-        CItem* next = item->next;
+    while (CItem* const item = commands.Find(&command)) {
         TakeOut(item);
-        item = commands.Find(next, &command);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -413,6 +414,53 @@ TEST_F(EventProviderTest, NotifyDisabledFromInsideLetsTheWalkFinish) {
     };
     EXPECT_EQ(NotifyAndGetLog(), "abcd");
     EXPECT_EQ(provider.GetPendingCount(), 1);
+}
+
+TEST_F(EventProviderTest, LongListBehavesAsAShortOne) {
+    std::mt19937 random(20);
+    std::string runLog;
+    std::vector<std::unique_ptr<CListener>> listeners;
+    for (int i = 0; i < 100; ++i) {
+        listeners.push_back(std::make_unique<CListener>(runLog, static_cast<char>(i)));
+    }
+    std::string expected; // the names in the order of connection
+    for (int step = 0; step < 3000; ++step) {
+        CListener& listener = *listeners[random() % listeners.size()];
+        const unsigned action = random() % 8;
+        if (action == 0) {
+            provider.Disconnect(listener.command);
+            std::erase(expected, listener.name);
+        } else if (action <= 2) {
+            DisconnectByPointer(listener);
+            if (const auto first = expected.find(listener.name); first != std::string::npos) {
+                expected.erase(first, 1);
+            }
+        } else {
+            provider.Connect(listener.command);
+            expected += listener.name;
+        }
+        runLog.clear();
+        provider.Notify();
+        ASSERT_EQ(runLog, expected) << "step " << step;
+    }
+    EXPECT_GT(expected.size(), 100U);
+}
+
+TEST_F(EventProviderTest, ListenerMayTakeEveryOtherOutOfALongList) {
+    std::vector<std::unique_ptr<CListener>> listeners;
+    for (int i = 0; i < 1000; ++i) {
+        listeners.push_back(std::make_unique<CListener>(log, 'x'));
+        provider.Connect(listeners.back()->command);
+        provider.Connect(listeners.back()->command);
+    }
+    provider.Connect(a.command);
+    listeners[500]->reaction = [&] {
+        for (const auto& listener : listeners) {
+            provider.Disconnect(listener->command);
+        }
+    };
+    EXPECT_EQ(NotifyAndGetLog(), std::string(1001, 'x') + "a");
+    EXPECT_EQ(NotifyAndGetLog(), "a");
 }
 
 TEST_F(EventProviderTest, CopyStartsWithoutListeners) {
