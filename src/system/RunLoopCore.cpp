@@ -1,6 +1,7 @@
 #include "system/RunLoopCore.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace Vorin::System {
@@ -75,29 +76,33 @@ void CRunLoopCore::AddTimer(const void* provider, int periodMilliseconds, IComma
         return;
     }
     const std::int64_t nextTime = clock->GetNanoseconds() + period;
-    for (const CTimerPtr& timer : timers) {
-        if (timer->provider == provider && timer->command == command) {
-            timer->period = period;
-            timer->nextTime = nextTime;
-            return;
-        }
+    CTimerPtr& timer = timers[{provider, command}];
+    if (timer) {
+        timer->period = period;
+        timer->nextTime = nextTime;
+    } else {
+        // A pump does not run what was added while it lasts.
+        timer = std::make_shared<CTimer>(
+            CTimer{command, ++timersAdded, period, nextTime, pumps, false, false});
     }
-    // A pump does not run what was added while it lasts.
-    timers.push_back(
-        std::make_shared<CTimer>(CTimer{provider, command, period, nextTime, pumps, false}));
 }
 
 void CRunLoopCore::RemoveTimer(const void* provider, const ICommand* command) {
     const CAutoLock held(lock);
-    std::erase_if(timers, [provider, command](const CTimerPtr& timer) {
-        return timer->provider == provider && timer->command == command;
-    });
+    const auto found = timers.find({provider, command});
+    if (found != timers.end()) {
+        found->second->removed = true;
+        timers.erase(found);
+    }
 }
 
 void CRunLoopCore::RemoveTimers(const void* provider) {
     const CAutoLock held(lock);
-    std::erase_if(timers,
-                  [provider](const CTimerPtr& timer) { return timer->provider == provider; });
+    auto next = timers.lower_bound({provider, nullptr});
+    while (next != timers.end() && next->first.first == provider) {
+        next->second->removed = true;
+        next = timers.erase(next);
+    }
 }
 
 bool CRunLoopCore::Pump() {
@@ -153,36 +158,52 @@ bool CRunLoopCore::RunInvocation() {
 
 bool CRunLoopCore::RunDueTimers(std::int64_t pump) {
     bool ranAny = false;
-    while (const CTimerPtr timer = TakeDueTimer(pump)) {
-        timer->command->Execute(); // may remove the timer, and delete the command
-        const CAutoLock held(lock);
-        timer->running = false;
-        ranAny = true;
+    for (const CTimerPtr& timer : GetDueTimers(pump)) {
+        if (TakeTimer(*timer, pump)) {
+            timer->command->Execute(); // may remove the timer, and delete the command
+            const CAutoLock held(lock);
+            timer->running = false;
+            ranAny = true;
+        }
     }
     return ranAny;
 }
 
-// The one that has been due for longest. Its times stay on their grid, so that a loop that is
-// pumped now and then keeps the rate; times that have passed altogether are left out.
-CRunLoopCore::CTimerPtr CRunLoopCore::TakeDueTimer(std::int64_t pump) {
+// The one that has been due for longest comes first.
+std::vector<CRunLoopCore::CTimerPtr> CRunLoopCore::GetDueTimers(std::int64_t pump) {
     const CAutoLock held(lock);
-    CTimerPtr first;
+    std::vector<CTimerPtr> due;
     if (!clock) {
-        return first;
+        return due;
     }
     const std::int64_t now = clock->GetNanoseconds();
-    for (const CTimerPtr& timer : timers) {
-        const bool due = timer->nextTime <= now && timer->lastPump < pump && !timer->running;
-        if (due && (!first || timer->nextTime < first->nextTime)) {
-            first = timer;
+    for (const auto& [key, timer] : timers) {
+        if (timer->nextTime <= now && timer->lastPump < pump && !timer->running) {
+            due.push_back(timer);
         }
     }
-    if (first) {
-        first->nextTime += ((now - first->nextTime) / first->period + 1) * first->period;
-        first->lastPump = pump;
-        first->running = true;
+    std::sort(due.begin(), due.end(), [](const CTimerPtr& a, const CTimerPtr& b) {
+        return std::tie(a->nextTime, a->order) < std::tie(b->nextTime, b->order);
+    });
+    return due;
+}
+
+// False when it is not due any more: those before it have removed it, set it anew or run it. Its
+// times stay on their grid, so that a loop that is pumped now and then keeps the rate; times that
+// have passed altogether are left out.
+bool CRunLoopCore::TakeTimer(CTimer& timer, std::int64_t pump) {
+    const CAutoLock held(lock);
+    if (!clock || timer.removed || timer.running || timer.lastPump >= pump) {
+        return false;
     }
-    return first;
+    const std::int64_t late = clock->GetNanoseconds() - timer.nextTime;
+    if (late < 0) {
+        return false;
+    }
+    timer.nextTime += (late / timer.period + 1) * timer.period;
+    timer.lastPump = pump;
+    timer.running = true;
+    return true;
 }
 
 void CRunLoopCore::Close() {

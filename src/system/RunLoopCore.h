@@ -7,8 +7,10 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <memory>
 #include <pthread.h>
+#include <utility>
 #include <vector>
 
 namespace Vorin::System {
@@ -49,27 +51,31 @@ private:
         std::unique_ptr<CMessage> message;
     };
     struct CTimer {
-        const void* provider;
         Core::ICommand* command;
+        std::int64_t order;    // counts the timers ever added
         std::int64_t period;   // nanoseconds
         std::int64_t nextTime; // nanoseconds
         std::int64_t lastPump; // the newest pump that ran it
         bool running;          // the command is on the stack
+        bool removed;
     };
     using CTimerPtr = std::shared_ptr<CTimer>; // an execution in progress keeps its timer
+    using CTimerKey = std::pair<const void*, const Core::ICommand*>; // provider and command
 
     bool Post(const void* invoker, std::unique_ptr<CMessage> message);
     bool RunInvocation();
     bool RunInvocations();
     bool RunDueTimers(std::int64_t pump);
-    CTimerPtr TakeDueTimer(std::int64_t pump);
+    std::vector<CTimerPtr> GetDueTimers(std::int64_t pump);
+    bool TakeTimer(CTimer& timer, std::int64_t pump);
 
     std::atomic<pthread_t> thread;
     std::atomic<int> depth{0}; // pumps and drains on the stack
     CCriticalSection lock;
     IClock* clock; // under the lock, as is the rest; null once closed
     std::deque<CInvocation> queue;
-    std::vector<CTimerPtr> timers; // in the order they were added
+    std::map<CTimerKey, CTimerPtr> timers;
+    std::int64_t timersAdded = 0;
     std::int64_t pumps = 0;
 };
 

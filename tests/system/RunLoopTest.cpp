@@ -339,6 +339,17 @@ TEST_F(RunLoopTimersThreadTest, ATimerThatIsDueDoesNotRunOnceAnotherRemovedIt) {
     EXPECT_EQ(LogOf(10), "a");
 }
 
+TEST_F(RunLoopTimersThreadTest, ATimerThatIsDueWaitsAnewOnceAnotherAddedItAgain) {
+    a.function = [this] {
+        log += 'a';
+        timers->AddTimer(10, &b);
+    };
+    timers->AddTimer(20, &a);
+    timers->AddTimer(20, &b);
+    EXPECT_EQ(LogOf(20), "a");
+    EXPECT_EQ(LogOf(10), "b");
+}
+
 TEST_F(RunLoopTimersThreadTest, WhatATimerPostsRunsInTheSamePump) {
     a.function = [this] {
         log += 'a';
