@@ -122,6 +122,12 @@ public:
         root.reset(function);
     }
 
+    /// The places of a constant's name, for who sets them often: `SetConstant` looks them up each
+    /// time. Valid until a tree is set.
+    typename TPlaceholders<Constant>::CPlaces FindConstant(const char* name) const {
+        return constants.Find(name);
+    }
+
     /// Registers a place under a name, which is copied; it belongs to the tree. False for a null or
     /// empty name, or a null place.
     bool AddConstant(const char* name, Constant* place) { return constants.Add(name, place); }

@@ -25,9 +25,30 @@ class TPlaceholders {
         Place* place;
         const Serialization::ISerialize* address;
     };
-    using Map = Containers::TTextMap<std::vector<CEntry>>;
+    using CEntries = std::vector<CEntry>;
+    using Map = Containers::TTextMap<CEntries>;
 
 public:
+    /// The places of one name, valid until the name is added to or forgotten. Null for none.
+    class CPlaces {
+    public:
+        CPlaces() = default;
+        explicit CPlaces(const CEntries* entries) : list(entries) {}
+
+        explicit operator bool() const { return list != nullptr; }
+
+        /// Calls `set` for each of them.
+        template <class Set>
+        void ForEach(Set set) const {
+            for (const CEntry& entry : *list) {
+                set(*entry.place);
+            }
+        }
+
+    private:
+        const CEntries* list = nullptr;
+    };
+
     /// False for a null or empty name and for a null place.
     bool Add(const char* name, Place* place) {
         if (!name || !*name || !place) {
@@ -42,17 +63,19 @@ public:
         return addresses.count(&object) != 0;
     }
 
+    CPlaces Find(const char* name) const {
+        const auto* found = name ? map.Find(name) : nullptr;
+        return CPlaces(found ? &found->value : nullptr);
+    }
+
     /// Calls `set` for each place of the name; false when there is none.
     template <class Set>
-    bool ForEach(const char* name, Set set) {
-        auto* found = name ? map.Find(name) : nullptr;
-        if (!found) {
-            return false;
+    bool ForEach(const char* name, Set set) const {
+        const CPlaces places = Find(name);
+        if (places) {
+            places.ForEach(set);
         }
-        for (const CEntry& entry : found->value) {
-            set(*entry.place);
-        }
-        return true;
+        return static_cast<bool>(places);
     }
 
     /// Forgets the places that are not among these, and names without any.

@@ -2,22 +2,33 @@
 
 #include "datamodel/objects/CaptureObject.h"
 #include "math/LibraryFunction.h"
+#include "math/ParametrizedFunction.h"
 
 #include <utility>
 
 namespace Vorin::DataModel::Objects {
 
-/// A parameter as a formula reads it: by its value.
-class CLentParam {
+/// A parameter as a formula of the interface `F` reads it: by its value, at the places of a name.
+template <class F>
+class TLentParam {
 public:
     using Object = IConstCaptureParam;
+    using CFormula = Math::TParametrizedFunction<F>;
 
-    explicit CLentParam(Object& lender) : object(&lender) {}
+    explicit TLentParam(Object& lender) : object(&lender) {}
 
-    /// Writes the value at a name of the formula `F`; false when there is no such name.
-    template <class F>
-    bool SetIn(F& formula, const char* name) const {
-        return formula.SetConstant(name, object->GetValue());
+    /// Writes the value at a name of the formula; false when there is no such name.
+    bool SetIn(CFormula& formula, const char* name) {
+        places = formula.FindConstant(name);
+        if (places) {
+            Update();
+        }
+        return static_cast<bool>(places);
+    }
+
+    /// Writes the value, which has changed, where it was written before.
+    void Update() {
+        places.ForEach([value = object->GetValue()](auto& place) { place.SetValue(value); });
     }
 
     /// What was lent, or null when it was taken back before.
@@ -25,6 +36,7 @@ public:
 
 private:
     Object* object;
+    typename Math::TPlaceholders<typename CFormula::Constant>::CPlaces places;
 };
 
 /// The function of a model object of type `O`, as a function that is looked up at each use: the
@@ -50,6 +62,9 @@ public:
     /// False: the function belongs to the object.
     bool DeSerialize(const Serialization::IReadDataStream&) override { return false; }
 
+    /// The function is looked up at its next use.
+    void Update() {}
+
     Object* TakeBack() { return std::exchange(object, nullptr); }
 
 protected:
@@ -66,7 +81,7 @@ public:
     double Evaluate(double x) const override { return Get().Evaluate(x); }
 
     template <class F>
-    bool SetIn(F& formula, const char* name) const {
+    bool SetIn(F& formula, const char* name) {
         return formula.SetFunction(name, *this);
     }
 };
@@ -78,7 +93,7 @@ public:
     double Evaluate(double x, double y) const override { return Get().Evaluate(x, y); }
 
     template <class F>
-    bool SetIn(F& formula, const char* name) const {
+    bool SetIn(F& formula, const char* name) {
         return formula.SetBinaryFunction(name, *this);
     }
 };

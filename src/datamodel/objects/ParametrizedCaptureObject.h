@@ -25,7 +25,7 @@ namespace Vorin::DataModel::Objects {
 template <class F, class O, class W>
 class TParametrizedCaptureObject : public O, public virtual W {
 public:
-    using CFunction = Math::TIParametrizedFunction<F>;
+    using CFunction = Math::TParametrizedFunction<F>;
 
     /// Copies the info and takes the formula, which is not null, over.
     template <class I>
@@ -63,8 +63,8 @@ private:
     public:
         using Object = typename L::Object;
 
-        TInput(TParametrizedCaptureObject& formula, const char* inputName, Object& inputObject)
-            : owner(formula), name(inputName), lent(inputObject) {
+        TInput(TParametrizedCaptureObject& formula, Object& inputObject)
+            : owner(formula), lent(inputObject) {
             inputObject.GetValueChangedEvents().Connect(changed);
             inputObject.GetInfo().GetInfoChangedEvents().Connect(changed);
         }
@@ -80,19 +80,17 @@ private:
             }
         }
 
-        bool Apply() { return lent.SetIn(*owner.function, name.Get()); }
+        /// False when the formula has no such name.
+        bool SetIn(const char* name) { return lent.SetIn(*owner.function, name); }
 
     private:
         // A listener of the formula may replace this input: nothing of it is used behind Notify.
         void OnChanged() {
-            TParametrizedCaptureObject& formula = owner;
-            if (Apply()) {
-                formula.NotifyValueChanged();
-            }
+            lent.Update();
+            owner.NotifyValueChanged();
         }
 
         TParametrizedCaptureObject& owner;
-        Containers::CCharString name;
         L lent;
         Core::TCommand<TInput> changed{this, &TInput::OnChanged};
     };
@@ -102,15 +100,15 @@ private:
 
     template <class L>
     bool Bind(TInputs<L>& inputs, const char* name, typename L::Object& object) {
-        auto input = std::make_unique<TInput<L>>(*this, name, object);
-        const bool exists = input->Apply();
+        auto input = std::make_unique<TInput<L>>(*this, object);
+        if (!input->SetIn(name)) {
+            return false;
+        }
         // What was there goes last: up to here the formula may have borrowed from it.
         std::swap(inputs.Obtain(name).value, input);
         input.reset();
-        if (exists) {
-            this->NotifyValueChanged();
-        }
-        return exists;
+        this->NotifyValueChanged();
+        return true;
     }
 
     template <class L>
@@ -121,7 +119,7 @@ private:
     }
 
     const std::unique_ptr<CFunction> function;
-    TInputs<CLentParam> params;
+    TInputs<TLentParam<F>> params;
     TInputs<CLentCurve> curves;
     TInputs<CLentSurface> surfaces;
 };
