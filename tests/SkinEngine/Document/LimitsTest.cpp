@@ -180,7 +180,7 @@ TEST_F(CLimitsTest, ALongRingOfTemplatesEnds) {
         text += "<TEMPLATE id=\"T" + std::to_string(i) + "\"><T" + std::to_string((i + 1) % 1000) +
                 "/></TEMPLATE>";
     }
-    ExpectRefused(text + "\n<T0/></A>", "main.xml:2", "deeper than 2048");
+    ExpectRefused(text + "\n<T0/></A>", "main.xml:2", "deeper than 1024");
 }
 
 TEST_F(CLimitsTest, FilesThatIncludeThemselvesEnd) {
