@@ -104,7 +104,8 @@ TEST_F(VSTPlugThreadsTest, AStateReachesTheFilterAsAWhole) {
             plug->processReplacing(channels, channels, 32);
         }
     });
-    for (int round = 0; round < 3000; ++round) {
+    // On a machine with much to do the audio thread comes in late.
+    for (int round = 0; round < 3000 || (record.changes <= 10 && round < 1000000); ++round) {
         ASSERT_EQ(SetChunk(StateOf(round % 2)), 1);
     }
     isOver = true;
