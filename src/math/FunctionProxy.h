@@ -11,8 +11,9 @@ namespace Vorin::Math {
 /// A copy owns a clone of the target, also of a borrowed one, so that setting the one does not
 /// reach the other. One thread sets, and nobody else evaluates meanwhile.
 ///
-/// Where a target leads back to itself through proxies, or more than 64 of them are nested, the
-/// innermost gives 0, and a clone or a written form has a null target there.
+/// A proxy gives 0, and a clone or a written form has a null target there: where a target leads
+/// back to itself through proxies, where more than 64 of them are nested, and where one evaluation
+/// has come to 10,000 of them.
 ///
 /// Written as an object "value" with its type.
 template <class F>

@@ -10,13 +10,17 @@ namespace Vorin::Math {
 /// Proxies tie together functions that know nothing of each other, so that a function may come to
 /// stand below itself, or a chain of them may become longer than a stack is deep. Such a visit is
 /// not allowed, and the proxy does without its target. How deep the functions between two proxies
-/// are is not known either: so the stack that visits take is limited, too.
+/// are is not known either: so the stack that visits take is limited, too. And where each of them
+/// calls the next one twice, sixty make more visits than anybody waits for: their number has a
+/// limit.
 class CProxyVisit {
 public:
     explicit CProxyVisit(const void* visitedTarget) : target(visitedTarget), outer(innermost) {
         depth = outer ? outer->depth + 1 : 1;
         begin = outer ? outer->begin : GetPosition();
-        isAllowed = depth <= kMaximumDepth && GetUsedStack() <= kMaximumStack;
+        count = outer ? outer->count : &ownCount;
+        isAllowed =
+            ++*count <= kMaximumVisits && depth <= kMaximumDepth && GetUsedStack() <= kMaximumStack;
         for (const CProxyVisit* visit = outer; visit && isAllowed; visit = visit->outer) {
             isAllowed = visit->target != target;
         }
@@ -30,6 +34,7 @@ public:
     bool IsAllowed() const { return isAllowed; }
 
     static constexpr int kMaximumDepth = 64;
+    static constexpr int kMaximumVisits = 10000; ///< within the outermost, which is one of them
     static constexpr std::size_t kMaximumStack = 3U << 20U; ///< bytes, of the 8 MB that are usual
 
 private:
@@ -47,6 +52,8 @@ private:
 
     const void* const target;
     const CProxyVisit* const outer;
+    int* count = nullptr; // that of the outermost visit
+    int ownCount = 0;
     std::uintptr_t begin = 0; // of the outermost visit
     int depth = 0;
     bool isAllowed = true;

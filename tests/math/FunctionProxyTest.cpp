@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <vector>
 
@@ -162,6 +163,31 @@ TEST(FunctionProxyTest, TheSameTargetSideBySideIsNoCircle) {
     const Square square;
     twice.Point(square);
     EXPECT_EQ(twice.function.Evaluate(3.0), 19.0);
+}
+
+// Of sixty levels, each of which asks the next one twice, nobody would see the end.
+TEST(FunctionProxyTest, FunctionsThatDoubleEachOtherEnd) {
+    const CConstantFunction end(1.0);
+    for (const int levels : {12, 60}) {
+        std::vector<CTwice> tower(static_cast<std::size_t>(levels));
+        const IFunction* target = &end;
+        for (CTwice& level : tower) {
+            level.Point(*target);
+            target = &level.function;
+        }
+        // 12 levels make 2 * (2^12 - 1) visits, half of them below either of the outermost two.
+        const double value = std::exp2(levels + 1) - 1.0;
+        const std::unique_ptr<IFunction> clone(target->Clone());
+        CMemDataObject stream;
+        EXPECT_TRUE(target->Serialize(stream));
+        if (levels == 12) {
+            EXPECT_EQ(target->Evaluate(0.0), value);
+            EXPECT_EQ(clone->Evaluate(0.0), value);
+        } else {
+            EXPECT_LT(target->Evaluate(0.0), value);
+            EXPECT_LT(clone->Evaluate(0.0), value);
+        }
+    }
 }
 
 TEST(FunctionProxyTest, AChainOfProxiesIsNoDeeperThanAStackTakes) {
