@@ -1,11 +1,9 @@
 #include "serialization/IniBaseDataObject.h"
 
-#include "serialization/Base64.h"
 #include "serialization/IniFile.h"
 #include "serialization/IniText.h"
 #include "serialization/KeyText.h"
 #include "serialization/Limits.h"
-#include "serialization/NumberText.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -45,30 +43,6 @@ bool CIniBaseDataObject::Exists(const char* name) const {
     return name && (FindText(name) || ini->HasSection(SectionOf(name).Get()));
 }
 
-bool CIniBaseDataObject::ReadBool(const char* name, bool& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadBool(text) : value;
-    return text;
-}
-
-bool CIniBaseDataObject::ReadInt(const char* name, int& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadInt(text) : value;
-    return text;
-}
-
-bool CIniBaseDataObject::ReadFloat(const char* name, float& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadFloat(text) : value;
-    return text;
-}
-
-bool CIniBaseDataObject::ReadDouble(const char* name, double& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadDouble(text) : value;
-    return text;
-}
-
 bool CIniBaseDataObject::ReadString(const char* name, char*& value) const {
     const char* text = FindText(name);
     if (!text) {
@@ -77,16 +51,6 @@ bool CIniBaseDataObject::ReadString(const char* name, char*& value) const {
     const std::string decoded = DecodeIniValue(text);
     value = new char[decoded.size() + 1];
     std::memcpy(value, decoded.c_str(), decoded.size() + 1);
-    return true;
-}
-
-bool CIniBaseDataObject::ReadData(const char* name, void*& data, int& size) const {
-    const char* text = FindText(name);
-    char* bytes = nullptr;
-    if (!text || !Base64::Decode(text, bytes, size)) {
-        return false;
-    }
-    data = bytes;
     return true;
 }
 
@@ -100,36 +64,12 @@ bool CIniBaseDataObject::ReadObject(const char* name, IDeSerialize& object) cons
            object.DeSerialize(CIniBaseDataObject(*ini, nested.Get()));
 }
 
-bool CIniBaseDataObject::WriteBool(const char* name, const bool& value) {
-    return WriteText(name, NumberText::Write(value).Get());
-}
-
-bool CIniBaseDataObject::WriteInt(const char* name, const int& value) {
-    return WriteText(name, NumberText::Write(value).Get());
-}
-
-bool CIniBaseDataObject::WriteFloat(const char* name, const float& value) {
-    return WriteText(name, NumberText::Write(value).Get());
-}
-
-bool CIniBaseDataObject::WriteDouble(const char* name, const double& value) {
-    return WriteText(name, NumberText::Write(value).Get());
-}
-
 bool CIniBaseDataObject::WriteString(const char* name, const char* value) {
     std::string storage;
-    return WriteText(name, value ? EncodeIniValue(value, storage) : "");
+    return WriteText(name, "STRING", value ? EncodeIniValue(value, storage) : "");
 }
 
-bool CIniBaseDataObject::WriteData(const char* name, const void* data, int size) {
-    if (size < 0 || (size > 0 && !data)) {
-        Remove(name);
-        return false;
-    }
-    return WriteText(name, Base64::Encode(data, size).Get());
-}
-
-bool CIniBaseDataObject::WriteText(const char* name, const char* text) {
+bool CIniBaseDataObject::WriteText(const char* name, const char* /*typeTag*/, const char* text) {
     if (!name) {
         return false;
     }

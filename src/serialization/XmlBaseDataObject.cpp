@@ -1,9 +1,7 @@
 #include "serialization/XmlBaseDataObject.h"
 
-#include "serialization/Base64.h"
 #include "serialization/KeyText.h"
 #include "serialization/Limits.h"
-#include "serialization/NumberText.h"
 #include "serialization/XmlText.h"
 
 #include <cstddef>
@@ -82,30 +80,6 @@ const char* CXmlBaseDataObject::FindText(const char* name) const {
     return child ? TextOf(child) : nullptr;
 }
 
-bool CXmlBaseDataObject::ReadBool(const char* name, bool& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadBool(text) : value;
-    return text;
-}
-
-bool CXmlBaseDataObject::ReadInt(const char* name, int& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadInt(text) : value;
-    return text;
-}
-
-bool CXmlBaseDataObject::ReadFloat(const char* name, float& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadFloat(text) : value;
-    return text;
-}
-
-bool CXmlBaseDataObject::ReadDouble(const char* name, double& value) const {
-    const char* text = FindText(name);
-    value = text ? NumberText::ReadDouble(text) : value;
-    return text;
-}
-
 bool CXmlBaseDataObject::ReadString(const char* name, char*& value) const {
     const char* text = FindText(name);
     if (!text) {
@@ -117,48 +91,14 @@ bool CXmlBaseDataObject::ReadString(const char* name, char*& value) const {
     return true;
 }
 
-bool CXmlBaseDataObject::ReadData(const char* name, void*& data, int& size) const {
-    const char* text = FindText(name);
-    char* bytes = nullptr;
-    if (!text || !Base64::Decode(text, bytes, size)) {
-        return false;
-    }
-    data = bytes;
-    return true;
-}
-
 bool CXmlBaseDataObject::ReadObject(const char* name, IDeSerialize& object) const {
     tinyxml2::XMLElement* child = FindChild(name);
     return child && object.DeSerialize(CXmlBaseDataObject(child, mode, depth + 1));
 }
 
-bool CXmlBaseDataObject::WriteBool(const char* name, const bool& value) {
-    return WriteText(name, "BOOL", NumberText::Write(value).Get());
-}
-
-bool CXmlBaseDataObject::WriteInt(const char* name, const int& value) {
-    return WriteText(name, "INTEGER", NumberText::Write(value).Get());
-}
-
-bool CXmlBaseDataObject::WriteFloat(const char* name, const float& value) {
-    return WriteText(name, "FLOAT", NumberText::Write(value).Get());
-}
-
-bool CXmlBaseDataObject::WriteDouble(const char* name, const double& value) {
-    return WriteText(name, "DOUBLE", NumberText::Write(value).Get());
-}
-
 bool CXmlBaseDataObject::WriteString(const char* name, const char* value) {
     std::string storage;
     return WriteText(name, "STRING", value ? CleanXmlText(value, storage) : "");
-}
-
-bool CXmlBaseDataObject::WriteData(const char* name, const void* data, int size) {
-    if (size < 0 || (size > 0 && !data)) {
-        Remove(name);
-        return false;
-    }
-    return WriteText(name, "DATA", Base64::Encode(data, size).Get());
 }
 
 bool CXmlBaseDataObject::WriteText(const char* name, const char* typeTag, const char* text) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serialization/DataStream.h"
+#include "serialization/TextDataObject.h"
 #include "serialization/XmlChildIndex.h"
 
 #include <optional>
@@ -17,18 +17,16 @@ enum EXmlMode {
 /// A data object over one XML element, in one of three modes. A nested object is a child element
 /// of the same mode: K, or "OBJECT" with the attribute "name".
 ///
-/// Numbers stand there as NumberText writes them, binary data in Base64. Any text reads as a number
-/// of any type; data that is no Base64 reads as false. A text comes back as it was written, except
-/// what XML cannot carry: a control character other than tab, line feed and carriage return,
-/// U+FFFE, U+FFFF, and a byte that is no UTF-8 each become U+FFFD. Null comes back as the empty
-/// text.
+/// A text comes back as it was written, except what XML cannot carry: a control character other
+/// than tab, line feed and carriage return, U+FFFE, U+FFFF, and a byte that is no UTF-8 each become
+/// U+FFFD. Null comes back as the empty text.
 ///
 /// A key that cannot be the name of an element or attribute stands there as CKeyText says. An
 /// element takes `kMaximumAttributes` attributes; further values of the attribute mode become child
 /// elements, where reading looks too. A text or a nesting beyond the limits is not written.
 ///
 /// Without an element every read and write is false. The element outlives the view.
-class CXmlBaseDataObject : public virtual IReadWriteDataStream {
+class CXmlBaseDataObject : public CTextDataObject {
 public:
     CXmlBaseDataObject(tinyxml2::XMLElement* viewedElement, EXmlMode viewMode);
     CXmlBaseDataObject(const CXmlBaseDataObject&) = delete;
@@ -36,22 +34,11 @@ public:
 
     EXmlMode GetMode() const { return static_cast<EXmlMode>(mode); }
 
-    bool IsTolerant() const override { return false; }
-    bool ReadBool(const char* name, bool& value) const override;
-    bool ReadInt(const char* name, int& value) const override;
-    bool ReadFloat(const char* name, float& value) const override;
-    bool ReadDouble(const char* name, double& value) const override;
     bool ReadString(const char* name, char*& value) const override;
-    bool ReadData(const char* name, void*& data, int& size) const override;
     bool ReadObject(const char* name, IDeSerialize& object) const override;
     bool Exists(const char* name) const override { return FindText(name) != nullptr; }
 
-    bool WriteBool(const char* name, const bool& value) override;
-    bool WriteInt(const char* name, const int& value) override;
-    bool WriteFloat(const char* name, const float& value) override;
-    bool WriteDouble(const char* name, const double& value) override;
     bool WriteString(const char* name, const char* value) override;
-    bool WriteData(const char* name, const void* data, int size) override;
     bool WriteObject(const char* name, const ISerialize& object) override;
     bool Remove(const char* name) override;
     bool Clear() override;
@@ -63,9 +50,9 @@ protected:
 private:
     CXmlBaseDataObject(tinyxml2::XMLElement* viewedElement, int viewMode, int viewDepth);
 
-    const char* FindText(const char* name) const;
+    const char* FindText(const char* name) const override;
     tinyxml2::XMLElement* FindChild(const char* name) const;
-    bool WriteText(const char* name, const char* typeTag, const char* text);
+    bool WriteText(const char* name, const char* typeTag, const char* text) override;
     tinyxml2::XMLElement* AppendChild(const char* key, const char* typeTag);
 
     tinyxml2::XMLElement* element;
