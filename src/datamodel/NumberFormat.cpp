@@ -1,6 +1,7 @@
 #include "datamodel/NumberFormat.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
@@ -82,7 +83,8 @@ bool CNumberFormat::Set(const char* text) {
 
 void CNumberFormat::Write(double value, Containers::CCharString& out) const {
     char number[kLongestNumber];
-    const int length = std::snprintf(number, sizeof number, conversion.Get(), value);
+    const double shown = std::isnan(value) ? std::fabs(value) : value; // its sign is the machine's
+    const int length = std::snprintf(number, sizeof number, conversion.Get(), shown);
     out.Append(before.Get());
     out.Append(number, std::clamp(length, 0, static_cast<int>(sizeof number) - 1));
     out.Append(after.Get());

@@ -2,7 +2,7 @@
 
 #include "core/Command.h"
 #include "datamodel/links/CaptureForward.h"
-#include "datamodel/links/LinkPass.h"
+#include "datamodel/objects/ChangePass.h"
 #include "datamodel/links/LinkSwitch.h"
 
 namespace Vorin::DataModel {
@@ -74,7 +74,7 @@ protected:
 
     /// The source is held. An object that is linked to itself is held already.
     virtual void OnCapture() {
-        const CLinkPass pass;
+        const CChangePass pass;
         if (IsActive() && target && IdentityOf(source) != IdentityOf(target) && pass.IsAllowed()) {
             sourceCaptureForwarded.Open(*source, *target);
             target->Capture();
@@ -123,7 +123,7 @@ protected:
 
     template <class V>
     void Write(V&& value) {
-        const CLinkPass pass;
+        const CChangePass pass;
         if (target && pass.IsAllowed()) {
             const CScopedFlag writing(updating);
             target->SetValue(value);

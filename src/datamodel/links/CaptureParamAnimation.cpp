@@ -1,6 +1,6 @@
 #include "datamodel/links/CaptureParamAnimation.h"
 
-#include "datamodel/links/LinkPass.h"
+#include "datamodel/objects/ChangePass.h"
 #include "datamodel/objects/ParamRange.h"
 
 #include <cmath>
@@ -147,7 +147,7 @@ void CCaptureParamAnimation::Stop() {
 
 void CCaptureParamAnimation::Store(double newValue) {
     value = newValue;
-    const CLinkPass pass;
+    const CChangePass pass;
     if (target && pass.IsAllowed()) {
         const CScopedFlag writing(updating);
         target->SetValue(value);

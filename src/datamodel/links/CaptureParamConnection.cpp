@@ -1,6 +1,6 @@
 #include "datamodel/links/CaptureParamConnection.h"
 
-#include "datamodel/links/LinkPass.h"
+#include "datamodel/objects/ChangePass.h"
 
 namespace Vorin::DataModel::Objects {
 
@@ -81,7 +81,7 @@ void CCaptureParamConnection::Pass(CEnd& from) {
     const double value = from.object->GetValue();
     from.lastValue = value;
     ICaptureParam* const to = from.other.object;
-    const CLinkPass pass;
+    const CChangePass pass;
     if (updating || !to || !pass.IsAllowed()) {
         return;
     }
@@ -104,7 +104,7 @@ void CCaptureParamConnection::Pass(CEnd& from) {
 // An end that is held because the other one is has nothing to forward.
 void CCaptureParamConnection::ForwardCapture(CEnd& from) {
     ICaptureParam* const to = from.other.object;
-    const CLinkPass pass;
+    const CChangePass pass;
     if (IsActive() && to && to != from.object && !from.other.captured.IsOpen() &&
         pass.IsAllowed()) {
         from.captured.Open(*from.object, *to);

@@ -2,7 +2,7 @@
 
 #include "core/Command.h"
 #include "datamodel/links/CaptureForward.h"
-#include "datamodel/links/LinkPass.h"
+#include "datamodel/objects/ChangePass.h"
 #include "datamodel/links/LinkSwitch.h"
 
 #include <cstddef>
@@ -92,7 +92,7 @@ protected:
 
     template <class V>
     void Write(V&& value) {
-        const CLinkPass pass;
+        const CChangePass pass;
         if (target && pass.IsAllowed()) {
             const CScopedFlag writing(updating);
             target->SetValue(value);
@@ -176,7 +176,7 @@ private:
 
     void ForwardCapture() {
         bool any = false;
-        const CLinkPass pass;
+        const CChangePass pass;
         if (!IsActive() || !target || !pass.IsAllowed()) {
             return;
         }

@@ -4,6 +4,7 @@
 #include "core/Command.h"
 #include "datamodel/objects/CaptureCurve.h"
 #include "datamodel/objects/CaptureSurface.h"
+#include "datamodel/objects/ChangePass.h"
 #include "datamodel/objects/ConstantToCaptureParamAdapter.h"
 #include "datamodel/objects/LentFunction.h"
 #include "math/ParametrizedFunction.h"
@@ -87,7 +88,10 @@ private:
         // A listener of the formula may replace this input: nothing of it is used behind Notify.
         void OnChanged() {
             lent.Update();
-            owner.NotifyValueChanged();
+            const CChangePass pass;
+            if (pass.IsAllowed()) {
+                owner.NotifyValueChanged();
+            }
         }
 
         TParametrizedCaptureObject& owner;

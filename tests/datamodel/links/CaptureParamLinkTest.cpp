@@ -303,13 +303,13 @@ TEST(CaptureParamLinkTest, AChainOfAThousandPassesAValueInOneChangeEach) {
 }
 
 TEST(CaptureParamLinkTest, AChainThatIsTooDeepIsCutOff) {
-    CChain chain(CLinkPass::kMaxDepth + 10);
+    CChain chain(CChangePass::kMaxDepth + 10);
     chain.params.front()->SetValue(0.5);
     chain.params.front()->Capture();
-    EXPECT_EQ(chain.params[CLinkPass::kMaxDepth]->GetValue(), 0.5);
-    EXPECT_EQ(chain.params[CLinkPass::kMaxDepth + 1]->GetValue(), 0.0);
-    EXPECT_TRUE(chain.params[CLinkPass::kMaxDepth]->IsCaptured());
-    EXPECT_FALSE(chain.params[CLinkPass::kMaxDepth + 1]->IsCaptured());
+    EXPECT_EQ(chain.params[CChangePass::kMaxDepth]->GetValue(), 0.5);
+    EXPECT_EQ(chain.params[CChangePass::kMaxDepth + 1]->GetValue(), 0.0);
+    EXPECT_TRUE(chain.params[CChangePass::kMaxDepth]->IsCaptured());
+    EXPECT_FALSE(chain.params[CChangePass::kMaxDepth + 1]->IsCaptured());
     chain.params.front()->Release();
     for (const auto& param : chain.params) {
         EXPECT_FALSE(param->IsCaptured());
@@ -332,7 +332,7 @@ TEST(CaptureParamLinkTest, WaysThatPartAndMeetAgainEndInReasonableTime) {
     // Both links at the front begin something of their own, and neither comes to its second half.
     const int changes = last.Take();
     EXPECT_GT(changes, 1000);
-    EXPECT_LE(changes, 2 * CLinkPass::kMaxWrites);
+    EXPECT_LE(changes, 2 * CChangePass::kMaxCount);
     const double second = chain.params[1]->GetValue();
     EXPECT_NEAR(second, 0.378511623, 1e-9); // the binary logarithm of 1.3
     EXPECT_EQ(chain.params[2]->GetValue(), second * second);
