@@ -33,6 +33,9 @@ const char* TextOf(const char* value) { return value ? value : ""; }
 
 /// A whole number as an integer, so that it can stand in a name; anything else with all its digits.
 std::string GetFormulaText(double value) {
+    if (std::isnan(value)) {
+        return "nan"; // its sign is the machine's
+    }
     if (!std::isfinite(value) || std::trunc(value) != value) {
         return Serialization::NumberText::Write(value).Get();
     }

@@ -70,7 +70,7 @@ bool ReadSkinFile(const std::string& path, std::string& content, std::string& pr
     return true;
 }
 
-int FindInvalidUtf8(std::string_view text) {
+int FindInvalidByte(std::string_view text, const char*& problem) {
     if (HasOtherEncoding(text)) {
         return 0;
     }
@@ -78,7 +78,12 @@ int FindInvalidUtf8(std::string_view text) {
     const char* const end = text.data() + text.size();
     for (const char* at = text.data(); at != end;) {
         line += *at == '\n' ? 1 : 0;
+        if (*at == '\0') {
+            problem = "a NUL byte, which no XML has; the file is damaged";
+            return line;
+        }
         if (Serialization::NextCodePoint(at, end) == Serialization::kNoCodePoint) {
+            problem = "invalid UTF-8; save the file as UTF-8, or declare its encoding";
             return line;
         }
     }

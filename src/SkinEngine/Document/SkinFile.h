@@ -10,9 +10,10 @@ namespace Vorin::AppEngine {
 /// wrong, to stand behind the path.
 bool ReadSkinFile(const std::string& path, std::string& content, std::string& problem);
 
-/// The line, counted from 1, of the first byte that is no UTF-8; 0 when there is none, or when the
-/// text is in an encoding of its own. The XML reader finds such bytes too, but reads ahead so far
-/// that it cannot tell the line.
-int FindInvalidUtf8(std::string_view text);
+/// The line, counted from 1, of the first byte that is no UTF-8 or is NUL, and what is wrong with
+/// it; 0 when there is none, or when the text is in an encoding of its own. The XML reader reads
+/// ahead so far that it cannot tell the line of the one, and takes the other for the end of the
+/// file.
+int FindInvalidByte(std::string_view text, const char*& problem);
 
 } // namespace Vorin::AppEngine

@@ -19,7 +19,7 @@ struct SkinLimits {
     static constexpr int kIncludesNested = 32; ///< the root document is not counted
     static constexpr int kExpandedElements = 1'000'000;
     static constexpr int kExpandedDepth = 1024;               ///< elements and template calls
-    static constexpr long kExpandedBytes = 64L * 1024 * 1024; ///< of all values
+    static constexpr long kExpandedBytes = 64L * 1024 * 1024; ///< of all names and values
     static constexpr long kReadBytes = 2L * kFileBytes;       ///< of all files
     static constexpr int kDefinitionsChained = 64;            ///< base types of base types
 

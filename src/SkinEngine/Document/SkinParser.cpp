@@ -190,9 +190,9 @@ bool CSkinParser::ParseFile(const std::string& path) {
     }
     const CDocumentPlace includedFrom = place;
     bool result = false;
-    if (const int line = FindInvalidUtf8(content); line > 0) {
-        LogReaderMessage(Core::kErrorMessage, "Fatal error line ", line,
-                         "invalid UTF-8; save the file as UTF-8, or declare its encoding");
+    const char* invalid = nullptr;
+    if (const int line = FindInvalidByte(content, invalid); line > 0) {
+        LogReaderMessage(Core::kErrorMessage, "Fatal error line ", line, invalid);
         success = false;
     } else {
         result = ReadFile(currentFile, content);
@@ -335,25 +335,27 @@ bool CSkinParser::Count(int cost) {
     return true;
 }
 
-bool CSkinParser::CountElement(const CNamedAttributes& attributes) {
-    if (!Count(1)) {
-        return false;
-    }
-    if (++expandedDepth > SkinLimits::kExpandedDepth) {
-        return Stop(TooMany("expanded elements are nested deeper", SkinLimits::kExpandedDepth) +
-                    "; look for templates that call each other");
+bool CSkinParser::CountLevel() {
+    return ++expandedDepth <= SkinLimits::kExpandedDepth ||
+           Stop(TooMany("expanded elements are nested deeper", SkinLimits::kExpandedDepth) +
+                "; look for templates that call each other");
+}
+
+bool CSkinParser::CountAttributes(const char* name, const CNamedAttributes& attributes) {
+    if (attributes.GetCount() > SkinLimits::kAttributes) {
+        return Stop(std::string(name) + ": " + TooMany("more attributes", SkinLimits::kAttributes));
     }
     bool isTooLong = false;
-    attributes.ForEach([&](const char* /*name*/, const char* value) {
-        const std::size_t length = std::string_view(value).size();
-        isTooLong = isTooLong || length > static_cast<std::size_t>(SkinLimits::kTextBytes);
-        expandedBytes += static_cast<long>(length);
+    expandedBytes += static_cast<long>(std::string_view(name).size());
+    attributes.ForEach([&](std::string_view attribute, std::string_view value) {
+        isTooLong = isTooLong || value.size() > std::size_t{SkinLimits::kTextBytes};
+        expandedBytes += static_cast<long>(attribute.size() + value.size());
     });
     if (isTooLong) {
         return Stop(TooMany("the value of an attribute has more bytes", SkinLimits::kTextBytes));
     }
     if (expandedBytes > SkinLimits::kExpandedBytes) {
-        return Stop("the values of all attributes are larger than " +
+        return Stop("the names and values of all elements are larger than " +
                     std::to_string(SkinLimits::kExpandedBytes / 1024 / 1024) + " MB together");
     }
     return true;
@@ -385,12 +387,15 @@ bool CSkinParser::OnElementStart(const char* name, IConstNamedAttributes& attrib
     if (stopped) {
         return false;
     }
+    if (!Count(1) || !CountLevel()) {
+        return false;
+    }
     if (auto* own = dynamic_cast<CNamedAttributes*>(&attributes)) {
-        return CountElement(*own) && Deliver(name, *own);
+        return CountAttributes(name, *own) && Deliver(name, *own);
     }
     CNamedAttributes copy;
     copy.Set(attributes);
-    return CountElement(copy) && Deliver(name, copy);
+    return CountAttributes(name, copy) && Deliver(name, copy);
 }
 
 bool CSkinParser::Deliver(const char* name, CNamedAttributes& attributes) {
@@ -418,6 +423,9 @@ bool CSkinParser::Deliver(const char* name, CNamedAttributes& attributes) {
     for (int chained = 0; CheckRoot(name); ++chained) {
         if (!defines.ExpandElement(name, attributes)) {
             return DeliverExpanded(name, attributes);
+        }
+        if (!CountAttributes(name, attributes)) {
+            return false;
         }
         if (chained == SkinLimits::kDefinitionsChained) {
             return Stop(std::string(name) + ": definitions stand on each other " +
@@ -567,7 +575,11 @@ void CSkinParser::ReturnToTemplate() {
     templateInstances.pop_back();
     if (returned.instance) {
         const TSaved savedCall(call, returned.place);
-        static_cast<void>(returned.instance->Resume());
+        // The rest of the template is as deep as its beginning was.
+        const TSaved savedDepth(expandedDepth, expandedDepth);
+        if (CountLevel()) {
+            static_cast<void>(returned.instance->Resume());
+        }
     }
 }
 

@@ -122,6 +122,11 @@ public:
     /// Lowers the number of elements that a document may expand to.
     void SetMaximumExpanded(int elements) { maximumExpanded = elements; }
 
+    /// How many elements were expanded since the parse began, and in replays after it. Set for a
+    /// parser that only replays: it goes on from what others have expanded.
+    int GetExpandedElements() const { return expandedElements; }
+    void SetExpandedElements(int elements) { expandedElements = elements; }
+
     // IParserElementHandler: elements from files and templates alike.
     bool OnElementStart(const char* name, Containers::IConstNamedAttributes& attributes) override;
     bool OnElementEnd(const char* name) override;
@@ -170,8 +175,9 @@ private:
     bool ReadFile(const std::string& path, const std::string& content);
     bool CheckFile(const std::string& path);
 
-    bool CountElement(const Containers::CNamedAttributes& attributes);
     bool Count(int cost);
+    bool CountLevel();
+    bool CountAttributes(const char* name, const Containers::CNamedAttributes& attributes);
     bool Deliver(const char* name, Containers::CNamedAttributes& attributes);
     bool DeliverExpanded(const char* name, Containers::CNamedAttributes& attributes);
     bool DeliverEnd(const char* name);

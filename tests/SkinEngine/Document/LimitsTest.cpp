@@ -116,6 +116,20 @@ TEST_F(CLimitsTest, ElementsMayHave256Attributes) {
     ExpectRefused(element(200000), "main.xml:2", "256");
 }
 
+TEST_F(CLimitsTest, DefinitionsGiveNoMoreThan256AttributesToo) {
+    const auto attributes = [](char name) {
+        std::string text;
+        for (int i = 0; i < 150; ++i) {
+            text += std::string(" ") + name + std::to_string(i) + "=\"\"";
+        }
+        return text;
+    };
+    const std::string definitions = "<A><DEFINE><D base_type=\"E\"" + attributes('d') +
+                                    "/><E base_type=\"B\"" + attributes('e') + "/></DEFINE>\n";
+    EXPECT_TRUE(Parse(definitions + "<E/></A>"));
+    ExpectRefused(definitions + "<D/></A>", "main.xml:2", "256");
+}
+
 TEST_F(CLimitsTest, ValuesMayHoldAMegaByte) {
     EXPECT_TRUE(Parse("<A x=\"" + std::string(1024 * 1024, 'x') + "\"/>"));
     ExpectRefused("<A>\n<B x=\"" + std::string(1024 * 1024 + 1, 'x') + "\"/></A>", "main.xml:2",
@@ -142,6 +156,17 @@ TEST_F(CLimitsTest, LargeValuesEndAt64MegaBytesTogether) {
     ExpectRefused("<A><TEMPLATE id=\"T\" v=\"" + large +
                       "\"><B x=\"$v$\"/></TEMPLATE>\n"
                       "<REPEAT count=\"1000\">\n<T/></REPEAT></A>",
+                  "main.xml:3", "64 MB");
+}
+
+TEST_F(CLimitsTest, NamesCountLikeValues) {
+    const std::string name(1024 * 1024, 'x');
+    ExpectRefused("<A>\n<REPEAT count=\"1000\">\n<" + name + "/></REPEAT></A>", "main.xml:3",
+                  "64 MB");
+    ExpectRefused("<A>\n<REPEAT count=\"1000\">\n<B " + name + "=\"\"/></REPEAT></A>", "main.xml:3",
+                  "64 MB");
+    ExpectRefused("<A><DEFINE><D base_type=\"B\" v=\"" + name +
+                      "\"/></DEFINE>\n<REPEAT count=\"1000\">\n<D/></REPEAT></A>",
                   "main.xml:3", "64 MB");
 }
 
@@ -172,6 +197,14 @@ TEST_F(CLimitsTest, TemplatesThatCallEachOtherTwiceEnd) {
     ExpectRefused(text + "<TEMPLATE id=\"T0\"><B/></TEMPLATE>\n<T39/></A>", "main.xml:2",
                   "1000000");
     ExpectRefused("<A><TEMPLATE id=\"T\"><T/><T/></TEMPLATE>\n<T/></A>", "main.xml:2", "1000000");
+}
+
+TEST_F(CLimitsTest, ATemplateThatCallsItselfBehindItsInnerContentEnds) {
+    ExpectRefused("<A><TEMPLATE id=\"T\"><TEMPLATE_INNER_CONTENT/><T/></TEMPLATE>\n<T/></A>",
+                  "main.xml:2", "deeper than 1024");
+    ExpectRefused("<A><TEMPLATE id=\"T\"><TEMPLATE_INNER_CONTENT/><REPEAT count=\"1\"><T/></REPEAT>"
+                  "</TEMPLATE>\n<T/></A>",
+                  "main.xml:2", "deeper than 1024");
 }
 
 TEST_F(CLimitsTest, ALongRingOfTemplatesEnds) {

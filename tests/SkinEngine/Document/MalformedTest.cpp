@@ -74,8 +74,9 @@ TEST_F(CMalformedTest, Bytes) {
     ExpectFatal("<A>\n<B x=\"\xc3(\"/></A>", 2, "UTF-8");
     ExpectFatal("<?xml version=\"1.0\" encoding='Utf-8'?><A>\n\n<B x=\"\xed\xa0\x80\"/></A>", 3,
                 "UTF-8");
-    ExpectFatal(std::string("<A>\n<B x=\"\0\"/></A>", 17), 2);
-    ExpectFatal(std::string("\0\0\0\0", 4), 1);
+    ExpectFatal(std::string("<A>\n<B x=\"\0\"/></A>", 17), 2, "NUL");
+    ExpectFatal(std::string("\0\0\0\0", 4), 1); // as of 32 bits
+    ExpectFatal(std::string("<A/>\n\0<<<", 9), 2, "NUL");
     ExpectFatal("<A>\n<B x=\"\x01\"/></A>", 2);
     ExpectFatal("", 1);
     ExpectFatal("   \n\n", 3);

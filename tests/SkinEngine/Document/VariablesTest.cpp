@@ -78,9 +78,11 @@ TEST_F(CVariablesTest, TakeTheValueOfAFormula) {
                       "<VARIABLE id=\"b\" formula=\"$a$/4\"/><VARIABLE id=\"c\" formula=\"-8\"/>"
                       "<VARIABLE id=\"d\" formula=\"0.1\"/>"
                       "<VARIABLE id=\"e\" formula=\"10^15\"/><VARIABLE id=\"f\" formula=\"-0\"/>"
-                      "<B a=\"$a$\" b=\"$b$\" c=\"$c$\" d=\"$d$\" e=\"$e$\" f=\"$f$\"/></A>"));
+                      "<VARIABLE id=\"g\" formula=\"0/0\"/><VARIABLE id=\"h\" formula=\"-(0/0)\"/>"
+                      "<B a=\"$a$\" b=\"$b$\" c=\"$c$\" d=\"$d$\" e=\"$e$\" f=\"$f$\" g=\"$g$\" "
+                      "h=\"$h$\"/></A>"));
     EXPECT_EQ(stream, "<A><B a=\"6\" b=\"1.5\" c=\"-8\" d=\"0.10000000000000000555\" "
-                      "e=\"1000000000000000\" f=\"0\"></B></A>");
+                      "e=\"1000000000000000\" f=\"0\" g=\"nan\" h=\"nan\"></B></A>");
 }
 
 TEST_F(CVariablesTest, OfAnInvalidFormulaKeepTheirValue) {
