@@ -26,12 +26,7 @@ public:
     bool Execute() override {
         const Core::CPlaceScope scope(factory.GetLog(), place);
         collection.SetCount(count);
-        if (collection.GetCount() >= count) {
-            return true;
-        }
-        return factory.LogError(std::string(collection.GetId()) + ": a model has at most " +
-                                std::to_string(CSkinModelContext::kMaxItems) +
-                                " items in its collections, use a smaller count.");
+        return collection.GetCount() >= count;
     }
 
 private:
@@ -175,8 +170,8 @@ bool EndCollection(CSkinModelFactory& factory) {
     CSkinCollectionBase* collection = factory.TakePendingCollection();
     if (collection && content) {
         collection->SetItemFactory(std::make_unique<CSkinModelCollectionItemFactory>(
-            factory.GetModel(), std::move(content), factory.GetParser().GetPublicState(),
-            factory.GetContext()));
+            factory.GetModel(), collection->GetId(), factory.GetLog().GetPlace(),
+            std::move(content), factory.GetParser().GetPublicState(), factory.GetContext()));
     }
     return true;
 }

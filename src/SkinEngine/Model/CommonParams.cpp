@@ -3,7 +3,15 @@
 #include "datamodel/EnumToText.h"
 #include "datamodel/objects/CaptureValueWrapper.h"
 
+#include <algorithm>
+
 namespace Vorin::AppEngine {
+
+namespace {
+
+constexpr int kLongestRefreshTime = 1000000; // milliseconds
+
+} // namespace
 
 std::string GetUsedSubId(CModelElement& element, const char* word) {
     std::string id = element.GetSubId(word);
@@ -54,12 +62,12 @@ void AddReverseParam(CModelElement& element, Core::IReverse& target) {
 void AddRefreshTimeParam(CModelElement& element, Core::IRefreshTime& target) {
     int milliseconds = 0;
     if (element.GetInteger("refresh_time_ms", milliseconds)) {
-        target.SetRefreshTime(milliseconds);
+        target.SetRefreshTime(std::clamp(milliseconds, 0, kLongestRefreshTime));
     }
     const std::string id = GetUsedSubId(element, "refresh_time_ms");
     if (!id.empty()) {
         const Objects::CParamInfo info(Objects::kParamInteger, id.c_str(), "ms", "", nullptr,
-                                       nullptr, 0.0, 1000000.0, target.GetRefreshTime());
+                                       nullptr, 0.0, kLongestRefreshTime, target.GetRefreshTime());
         AddPropertyParam(
             element, id,
             new Objects::TCaptureValueWrapper(target, &Core::IRefreshTime::GetRefreshTime,

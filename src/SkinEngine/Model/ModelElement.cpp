@@ -49,7 +49,8 @@ bool CModelElement::GetDouble(const char* name, double& value) {
 
 bool CModelElement::GetInteger(const char* name, int& value) {
     double number = 0.0;
-    if (!Has(name) || !ReadNumber(Get(name), number)) {
+    const bool isEmpty = Has(name) && *Get(name) == '\0'; // counts as 0
+    if (!isEmpty && (!Has(name) || !ReadNumber(Get(name), number))) {
         return false;
     }
     // Whatever lies beyond an int counts as its nearer end.

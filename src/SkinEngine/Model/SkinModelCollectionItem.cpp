@@ -1,16 +1,20 @@
 #include "SkinEngine/Model/SkinModelCollectionItem.h"
 
+#include "SkinEngine/Document/SkinLimits.h"
 #include "SkinEngine/Model/SkinModelFactory.h"
 #include "containers/MemMessageLog.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace Vorin::AppEngine {
 
 CSkinModelCollectionItemFactory::CSkinModelCollectionItemFactory(
-    CSkinModel& parentModel, std::unique_ptr<IParsedTemplate> recordedContent,
-    const Serialization::ISerialize& parserState, std::shared_ptr<CSkinModelContext> sharedContext)
-    : model(parentModel), content(std::move(recordedContent)), context(std::move(sharedContext)) {
+    CSkinModel& parentModel, std::string collectionId, Core::CDocumentPlace collectionPlace,
+    std::unique_ptr<IParsedTemplate> recordedContent, const Serialization::ISerialize& parserState,
+    std::shared_ptr<CSkinModelContext> sharedContext)
+    : model(parentModel), id(std::move(collectionId)), place(std::move(collectionPlace)),
+      content(std::move(recordedContent)), context(std::move(sharedContext)) {
     parserState.Serialize(publicState);
     model.GetEnableEvents().Connect(modelEnabled);
 }
@@ -19,15 +23,16 @@ CSkinModelCollectionItemFactory::~CSkinModelCollectionItemFactory() {
     model.GetEnableEvents().Disconnect(modelEnabled);
     for (int index = 0; index < items.GetSize(); ++index) {
         if (items[index]) {
-            --context->itemsCount;
+            Forget(*items[index]);
             delete items[index];
         }
     }
 }
 
+/// One slot more than there may be items: to fill that one is refused, and told of.
 void CSkinModelCollectionItemFactory::Reserve(int delta) {
     const int old = items.GetSize();
-    const int room = CSkinModelContext::kMaxItems - old;
+    const int room = CSkinModelContext::kMaxItems + 1 - old;
     if (delta <= 0 || room <= 0) {
         return;
     }
@@ -42,7 +47,7 @@ bool CSkinModelCollectionItemFactory::CreateItem(
     if (items[index]) {
         return true;
     }
-    if (context->itemsCount >= CSkinModelContext::kMaxItems) {
+    if (!HasRoom()) {
         return false;
     }
     ++context->itemsCount;
@@ -54,6 +59,27 @@ bool CSkinModelCollectionItemFactory::CreateItem(
     return true;
 }
 
+bool CSkinModelCollectionItemFactory::HasRoom() const {
+    std::string full;
+    if (context->itemsCount >= CSkinModelContext::kMaxItems) {
+        full = ": a model has at most " + std::to_string(CSkinModelContext::kMaxItems) +
+               " items in its collections, use a smaller count.";
+    } else if (context->itemsElements >= SkinLimits::kExpandedElements) {
+        full = ": the items of a model are made from at most " +
+               std::to_string(SkinLimits::kExpandedElements) + " elements, use a smaller count.";
+    }
+    if (!full.empty() && context->log) {
+        const Core::CPlaceScope scope(*context->log, place);
+        context->log->Log(Core::kErrorMessage, (id + full).c_str(), 0);
+    }
+    return full.empty();
+}
+
+void CSkinModelCollectionItemFactory::Forget(const CSkinModelCollectionItem& item) {
+    --context->itemsCount;
+    context->itemsElements -= item.GetElements();
+}
+
 void CSkinModelCollectionItemFactory::Fill(CSkinModelCollectionItem& item,
                                            const Containers::IConstNamedAttributes& attributes) {
     CoreUtilities::CMemMessageLog log;
@@ -62,14 +88,22 @@ void CSkinModelCollectionItemFactory::Fill(CSkinModelCollectionItem& item,
     CSkinModelFactory factory(log, parser, item.GetModel(), context, model);
     parser.ResetHandlers();
     factory.RegisterHandlers();
+    // All items together have a document's limit.
+    parser.SetExpandedElements(context->itemsElements);
     // Without inner content a replay runs to its end.
     const std::unique_ptr<IParsedTemplateInstance> rest(content->Instantiate(attributes, &parser));
+    item.SetElements(parser.GetExpandedElements() - context->itemsElements);
+    context->itemsElements += item.GetElements();
+    std::optional<Core::CPlaceScope> scope;
+    if (context->log) {
+        scope.emplace(*context->log, place);
+    }
     factory.Link();
-    if (Core::IMessageLog* itemLog = context->services.itemLog) {
+    if (context->log) {
         log.Remove(Core::kInfoMessage);
         for (const CoreUtilities::CMemMessageLog::CRecord& record : log.GetRecords()) {
-            const Core::CPlaceScope scope(*itemLog, record.place);
-            itemLog->Log(record.type, record.text.c_str(), record.level);
+            context->log->SetPlace(record.place);
+            context->log->Log(record.type, record.text.c_str(), record.level);
         }
     }
 }
@@ -85,7 +119,7 @@ void CSkinModelCollectionItemFactory::OnModelEnabled() {
 
 void CSkinModelCollectionItemFactory::DestroyItem(int index) {
     if (items[index]) {
-        --context->itemsCount;
+        Forget(*items[index]);
         context->retiredItems.Add(
             std::unique_ptr<ISkinCollectionItem>(std::exchange(items[index], nullptr)));
     }

@@ -43,6 +43,8 @@ struct CSkinModelContext {
     CObjectsUsage usage;
     TNameMap<std::unique_ptr<ICustomActionFactory>> actionFactories;
     int itemsCount = 0;
+    int itemsElements = 0; ///< that they were expanded from; at most SkinLimits::kExpandedElements
+    Core::IMessageLog* log = nullptr; ///< of what is made: that of the load, then `itemLog`
     CRetiredItems retiredItems;
 };
 

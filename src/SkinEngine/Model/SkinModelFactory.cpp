@@ -103,6 +103,7 @@ CSkinModelFactory::CSkinModelFactory(Core::IMessageLog& messageLog, CSkinParser&
     : log(messageLog), parser(skinParser), model(skinModel),
       context(std::make_shared<CSkinModelContext>(services)) {
     model.SetLog(&log);
+    context->log = &log;
     model.Own(std::make_unique<CContextKeeper>(context));
 }
 
@@ -115,7 +116,14 @@ CSkinModelFactory::CSkinModelFactory(Core::IMessageLog& messageLog, CSkinParser&
     model.SetLog(&log);
 }
 
-CSkinModelFactory::~CSkinModelFactory() { model.SetLog(nullptr); }
+CSkinModelFactory::~CSkinModelFactory() {
+    if (parent) {
+        model.SetLog(nullptr);
+    } else {
+        context->log = GetServices().itemLog;
+        model.SetLog(context->log);
+    }
+}
 
 void CSkinModelFactory::RegisterActionFactory(const char* type,
                                               std::unique_ptr<ICustomActionFactory> factory) {

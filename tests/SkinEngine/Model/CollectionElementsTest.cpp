@@ -226,13 +226,44 @@ TEST_F(CollectionElementsTest, ThereIsALimitOfItems) {
     EXPECT_LE(GetCount("c"), 200);
 }
 
+// Four lines that would take minutes.
+TEST_F(CollectionElementsTest, ItemsTogetherExpandToAMillionElements) {
+    EXPECT_FALSE(LoadDocument("<MODEL>\n<COLLECTION id=\"c\" count=\"1000\">\n"
+                              "<REPEAT count=\"10000\"><NOBODY/></REPEAT></COLLECTION></MODEL>"));
+    const Lines messages = Messages();
+    ASSERT_EQ(messages.size(), 3U);
+    EXPECT_EQ(messages[0],
+              "main.model:3: error: the document expands to more elements than 1000000; "
+              "look for repeats and templates within each other");
+    EXPECT_EQ(messages[1],
+              "main.model:2: error: c: the items of a model are made from at most 1000000 "
+              "elements, use a smaller count.");
+    const int count = GetCount("c");
+    EXPECT_GT(count, 40);
+    EXPECT_LT(count, 101);
+    // What goes makes room again.
+    Set("c.count", 1.0);
+    Set("c.count", 2.0);
+    EXPECT_EQ(GetCount("c"), 2);
+}
+
+TEST_F(CollectionElementsTest, AnEmptyCountIsNone) {
+    EXPECT_TRUE(Load("<COLLECTION id=\"c\" count=\"\"/>"));
+    EXPECT_EQ(GetCount("c"), 0);
+}
+
 TEST_F(CollectionElementsTest, FaultsOfItemsStopNoOtherItem) {
     ASSERT_TRUE(Load(R"(<COLLECTION id="c" count="2">
         <PARAM/><PARAM id="same"/><PARAM id="$item_id$.p" max="1" default="1"/>
         <PARAM_LINK from="nobody" to="$item_id$.p"/></COLLECTION>)"));
-    // They have a log of their own; that an identifier is taken the model around them says.
-    EXPECT_EQ(Messages(), Lines{"main.model:1: error: 'same' : this object identifier already "
-                                "exists, use another identifier."});
+    const Lines ofEach = {"main.model:2: error: Cannot create parameter, id field is empty.",
+                          "main.model:3: error: nobody: Unknown identifier (object does not "
+                          "exist)."};
+    Lines expected = ofEach;
+    expected.push_back("main.model:1: error: 'same' : this object identifier already exists, use "
+                       "another identifier.");
+    expected.insert(expected.end(), ofEach.begin(), ofEach.end());
+    EXPECT_EQ(Messages(), expected);
     EXPECT_EQ(Get("c[0].p"), 1.0);
     EXPECT_EQ(Get("c[1].p"), 1.0);
     EXPECT_TRUE(Has("same"));

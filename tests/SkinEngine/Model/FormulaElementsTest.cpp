@@ -103,6 +103,33 @@ TEST_F(FormulaElementsTest, ThePrePassTellsOfInvalidFormulasToo) {
                      "main.model:1: error: Fatal error: model parsing failed"}));
 }
 
+// Each step tells the next one twice: sixty would go on for longer than anybody waits.
+TEST_F(FormulaElementsTest, WaysThatPartAndMeetAgainEnd) {
+    std::string content = "<PARAM id=\"p0\" max=\"9\"/>";
+    for (int i = 0; i < 60; ++i) {
+        const std::string here = std::to_string(i);
+        content += "<FORMULA_PARAM id=\"a" + here + "\" formula=\"p" + here + "+1\"/>" +
+                   "<FORMULA_PARAM id=\"b" + here + "\" formula=\"p" + here + "+2\"/>" +
+                   "<FORMULA_PARAM id=\"p" + std::to_string(i + 1) + "\" formula=\"a" + here +
+                   "+b" + here + "\"/>";
+    }
+    ASSERT_TRUE(Load(content));
+    Set("p0", 1.0);
+    EXPECT_EQ(Get("p1"), 5.0);
+}
+
+TEST_F(FormulaElementsTest, AChainOfFormulasIsNoDeeperThanAStackTakes) {
+    constexpr int kLength = 30000;
+    std::string content = "<PARAM id=\"f0\" max=\"9\"/>";
+    for (int i = 0; i < kLength; ++i) {
+        content += "<FORMULA_PARAM id=\"f" + std::to_string(i + 1) + "\" formula=\"f" +
+                   std::to_string(i) + "+1\"/>";
+    }
+    ASSERT_TRUE(Load(content));
+    Set("f0", 1.0);
+    EXPECT_EQ(Get("f1000"), 1001.0);
+}
+
 TEST_F(FormulaElementsTest, AFormulaOfItselfEnds) {
     ASSERT_TRUE(Load(R"(<FORMULA_PARAM id="a" formula="a+1"/>)"));
     EXPECT_TRUE(Has("a"));

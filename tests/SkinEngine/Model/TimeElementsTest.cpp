@@ -178,6 +178,14 @@ TEST_F(TimeElementsTest, OddDurationsAndPeriodsDoNoHarm) {
     }
 }
 
+TEST_F(TimeElementsTest, APeriodIsWithinItsRange) {
+    ASSERT_TRUE(Load("<PARAM id='p' max='1'/>"
+                     "<PARAM_ANIMATOR id='a' param_id='p' refresh_time_ms='-3'/>"
+                     "<PARAM_ANIMATOR id='b' param_id='p' refresh_time_ms='99999999'/>"));
+    EXPECT_EQ(Get("a.refresh_time_ms"), 0.0);
+    EXPECT_EQ(Get("b.refresh_time_ms"), 1000000.0);
+}
+
 TEST_F(TimeElementsTest, TheModelSaysHowOftenObjectsOfThePlugInAreRefreshed) {
     // What a plug-in puts into the model before the document is read.
     class CRefreshed : public Objects::CCaptureParam, public virtual Core::IRefreshTime {
