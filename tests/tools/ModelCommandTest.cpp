@@ -125,8 +125,11 @@ TEST_F(ModelCommand, SavesAndLoadsTheState) {
     EXPECT_EQ(On(content, {"load", state, "get", "p", "get", "q"}), "p = 4\nq = 0\n");
     const std::string other = Path("other.xml");
     folder.Write("other.xml", "<Model><state version='1'><params pp='nan'/></state></Model>");
-    ExpectCannot(content, {"load", other},
-                 other + ": holds a value that no object can have; the model is as it was");
+    const std::string unfit = other + ": is no state that save has written, or holds a value that "
+                                      "no object can have; the model is as it was";
+    ExpectCannot(content, {"load", other}, unfit);
+    folder.Write("other.xml", "<Model/>");
+    ExpectCannot(content, {"load", other}, unfit);
     folder.Write("other.xml", "<Preset/>");
     ExpectCannot(content, {"load", other},
                  other + ": cannot be read, or is no state that save has written");
@@ -158,9 +161,32 @@ TEST_F(ModelCommand, PrintsMessagesWithFileAndLine) {
 
 TEST_F(ModelCommand, TellsOfFaultsInItemsOfCollections) {
     const CRun run = RunOn("<COLLECTION id='c' count='1'>\n<PARAM/></COLLECTION>", {"set", "c=2"});
-    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err, "test.model:2: error: Cannot create parameter, id field is empty.\n"
                        "test.model:2: error: Cannot create parameter, id field is empty.\n");
+}
+
+TEST_F(ModelCommand, TellsOfFaultsThatAnOperationSetsOff) {
+    const CRun twice = RunOn("<PARAM id='c[1].p'/>\n<COLLECTION id='c' count='1'>"
+                             "<PARAM id='$item_id$.p'/></COLLECTION>",
+                             {"set", "c=2", "get", "c"});
+    EXPECT_EQ(twice.status, 1);
+    EXPECT_EQ(twice.out, "c = 2\n");
+    EXPECT_EQ(twice.err, "test.model:2: error: 'c[1].p' : this object identifier already exists, "
+                         "use another identifier.\n");
+    const CRun tooMany = RunOn("\n<COLLECTION id='c'/>", {"set", "c=30000", "get", "c"});
+    EXPECT_EQ(tooMany.status, 1);
+    EXPECT_EQ(tooMany.out, "c = 20000\n");
+    EXPECT_EQ(tooMany.err, "test.model:2: error: c: a model has at most 20000 items in its "
+                           "collections, use a smaller count.\n");
+}
+
+TEST_F(ModelCommand, WaitsPartsOfAMillisecond) {
+    EXPECT_EQ(RunOn("<PARAM id='p' max='9'/><PARAM_ANIMATOR id='a' param_id='p' duration_ms='900' "
+                    "refresh_time_ms='100'/>",
+                    {"wait", "99.9", "get", "p", "wait", "0.1", "get", "p"})
+                  .out,
+              "p = 0\np = 1\n");
 }
 
 TEST_F(ModelCommand, MakesOnlyWhatIsUsedWhenTold) {

@@ -162,7 +162,7 @@ COutcome TakeWait(CModelWords& words, CModelRequest& request) {
                                     ": say milliseconds, from 0 to an hour's 3600000");
     }
     request.operations.emplace_back(
-        [=](CModelSession& session) { return session.Wait(static_cast<int>(milliseconds)); });
+        [=](CModelSession& session) { return session.Wait(milliseconds); });
     return {};
 }
 
@@ -239,7 +239,8 @@ COutcome RunModelRequest(const CModelRequest& request) {
             return outcome;
         }
     }
-    return isLoaded ? COutcome() : COutcome::BadInput(""); // the messages say it all
+    const bool isSound = isLoaded && !session.HasErrors();
+    return isSound ? COutcome() : COutcome::BadInput(""); // the messages say it all
 }
 
 } // namespace

@@ -101,6 +101,7 @@ void CModelSession::FlushMessages() {
     if (isQuiet) {
         log.Remove(Core::kInfoMessage);
     }
+    hasErrors = hasErrors || log.GetCount(Core::kErrorMessage) > 0;
     std::fflush(stdout); // on a terminal the two come in order
     PrintMessages(log, document);
     log.Clear();
@@ -236,9 +237,11 @@ COutcome CModelSession::RunAction(const std::string& id) {
     return {};
 }
 
-COutcome CModelSession::Wait(int milliseconds) {
-    for (int passed = 0; passed < milliseconds; ++passed) {
-        clock.Advance(1);
+COutcome CModelSession::Wait(double milliseconds) {
+    constexpr std::int64_t kStep = System::nanosecondsPerMillisecond;
+    auto left = static_cast<std::int64_t>(std::llround(milliseconds * double{kStep}));
+    for (; left > 0; left -= kStep) {
+        clock.AdvanceNanoseconds(std::min(left, kStep));
         loop.Pump();
     }
     FlushMessages();
@@ -309,8 +312,9 @@ COutcome CModelSession::LoadState(const std::string& path) {
     model.SetEnabled(true);
     FlushMessages();
     return isTaken ? COutcome()
-                   : COutcome::BadInput(path + ": holds a value that no object can have; the "
-                                               "model is as it was");
+                   : COutcome::BadInput(path + ": is no state that save has written, or holds "
+                                               "a value that no object can have; the model is as "
+                                               "it was");
 }
 
 } // namespace Workbench

@@ -28,6 +28,9 @@ public:
     /// With `usedOnly` only what the document refers to is made. `quiet` leaves out information.
     bool Load(const std::string& path, const Variables& variables, bool usedOnly, bool quiet);
 
+    /// Whether a message so far was an error, also one of what an operation has set off.
+    bool HasErrors() const { return hasErrors; }
+
     // Each names what it was asked for when it cannot be done.
     COutcome Get(const std::string& id);
     COutcome Set(const std::string& id, const std::string& value);
@@ -37,7 +40,7 @@ public:
     COutcome Capture(const std::string& id);
     COutcome Release(const std::string& id);
     COutcome RunAction(const std::string& id);
-    COutcome Wait(int milliseconds);
+    COutcome Wait(double milliseconds);
     COutcome PrintEvents(const std::string& id);
     COutcome List();
     COutcome SaveState(const std::string& path);
@@ -63,6 +66,7 @@ private:
     std::list<CChangePrinter> printers;
     std::string document;
     bool isQuiet = false;
+    bool hasErrors = false;
 };
 
 } // namespace Workbench

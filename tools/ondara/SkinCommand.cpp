@@ -33,7 +33,7 @@ variables, definitions, templates and repeats have done their work.
   --origins           with what comes out of a template, say where in the template it stands
 
 Messages go to the standard error as FILE:LINE: error: TEXT (or warning, or info); FILE is relative
-to the folder of the document. The exit status is 1 when there was an error.
+to the folder of the document. The exit status is 1 when the document failed.
 )";
 
 struct CSkinOptions {
@@ -61,17 +61,12 @@ std::string EscapeXml(const std::string& text) {
         case '"':
             escaped += "&quot;";
             break;
-        case '\t':
-            escaped += "&#9;";
-            break;
-        case '\n':
-            escaped += "&#10;";
-            break;
-        case '\r':
-            escaped += "&#13;";
-            break;
         default:
-            escaped += character;
+            if (static_cast<unsigned char>(character) < ' ') {
+                escaped += "&#" + std::to_string(static_cast<int>(character)) + ";";
+            } else {
+                escaped += character;
+            }
         }
     }
     return escaped;
