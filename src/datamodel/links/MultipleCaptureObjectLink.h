@@ -2,8 +2,8 @@
 
 #include "core/Command.h"
 #include "datamodel/links/CaptureForward.h"
-#include "datamodel/objects/ChangePass.h"
 #include "datamodel/links/LinkSwitch.h"
+#include "datamodel/objects/ChangePass.h"
 
 #include <cstddef>
 #include <memory>
