@@ -70,6 +70,19 @@ public:
         CopyIn(values, count);
     }
 
+    /// The same, but gives them where they stand, as long as they stand there in a row and the push
+    /// leaves them; else `room` takes them. Valid until the next push. [audio]
+    const T* PushAndGetDelayed(const T* values, int count, int distance, T* room) {
+        const int from = (head + 1 - distance) & mask;
+        const bool stays = count <= distance && distance <= size - count && from <= size - count;
+        if (stays || distance == 0) {
+            CopyIn(values, count);
+            return stays ? data.get() + from : values;
+        }
+        PushDelayed(values, count, distance, room);
+        return room;
+    }
+
 private:
     static int RoundUp(int n) {
         constexpr int largest = 1 << 30;

@@ -141,20 +141,22 @@ void COscilloscope::ProcessSamples(const IAudioStream& stream, int frames) {
 }
 
 void COscilloscope::ProcessRun(const float* samples, int count) {
-    std::array<float, kRun> delayed;
+    std::array<float, kRun> delayedRoom;
     std::array<int, kRun> bins;
-    std::array<int, kRun> leaving;
+    std::array<int, kRun> leavingRoom;
     const int delay = audio.delaySamples & (audio.delayLine.GetCount() - 1);
-    audio.delayLine.PushDelayed(samples, count, delay, delayed.data());
-    audio.waveform.Write(delayed.data(), count);
-    audio.histogram.FindBins(delayed.data(), count, bins.data());
+    const float* const delayed =
+        audio.delayLine.PushAndGetDelayed(samples, count, delay, delayedRoom.data());
+    audio.waveform.Write(delayed, count);
+    audio.histogram.FindBins(delayed, count, bins.data());
     // A sample stays in the histogram until binWindow + 1 more have followed it. At a rate that is
     // a power of two the history has no room for that many, and the masked distance comes out as 1:
     // the histogram then holds the newest sample alone. This is deliberate: the masked read is what
     // the bins are compared by.
     const int window = audio.binWindow & (audio.binHistory.GetCount() - 1);
-    audio.binHistory.PushDelayed(bins.data(), count, window + 1, leaving.data());
-    audio.histogram.Count(bins.data(), leaving.data(), count);
+    const int* const leaving =
+        audio.binHistory.PushAndGetDelayed(bins.data(), count, window + 1, leavingRoom.data());
+    audio.histogram.Count(bins.data(), leaving, count);
 }
 
 void COscilloscope::OnSilence(int frames) {

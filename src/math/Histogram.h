@@ -34,13 +34,13 @@ public:
     /// Sets the number of bins and empties them. Allocates.
     void SetCount(int bins) override {
         table.SetCount(bins);
-        laneSize = static_cast<std::size_t>(table.GetCount()) + 1;
-        lanes.resize(laneSize * kLanes);
+        pairSize = static_cast<std::size_t>(table.GetCount()) + 1;
+        pairs.resize(pairSize * kPairs);
         Reset();
     }
 
     void Reset() {
-        std::fill(lanes.begin(), lanes.end(), 0U);
+        std::fill(pairs.begin(), pairs.end(), CPair());
         std::fill_n(table.GetValues(), table.GetCount(), Value(0));
     }
 
@@ -61,23 +61,25 @@ public:
     /// Adds one to each bin of `added` and takes one from each of `removed`, where kNoBin takes
     /// nothing. [audio]
     void Count(const int* added, const int* removed, int count) {
-        // Entry 0 of a lane belongs to kNoBin and is never read.
-        std::uint32_t* lane = lanes.data() + 1;
-        const std::size_t step = laneSize;
+        // The first entry of a lane belongs to kNoBin and is never read.
+        CPair* const pair0 = pairs.data() + 1;
+        CPair* const pair1 = pair0 + pairSize;
+        CPair* const pair2 = pair1 + pairSize;
+        CPair* const pair3 = pair2 + pairSize;
         int i = 0;
         for (; i + 4 <= count; i += 4) {
-            lane[added[i]] += 1;
-            lane[step + added[i + 1]] += 1;
-            lane[2 * step + added[i + 2]] += 1;
-            lane[3 * step + added[i + 3]] += 1;
-            lane[4 * step + removed[i]] -= 1;
-            lane[5 * step + removed[i + 1]] -= 1;
-            lane[6 * step + removed[i + 2]] -= 1;
-            lane[7 * step + removed[i + 3]] -= 1;
+            pair0[added[i]].a += 1;
+            pair0[added[i + 1]].b += 1;
+            pair1[added[i + 2]].a += 1;
+            pair1[added[i + 3]].b += 1;
+            pair2[removed[i]].a -= 1;
+            pair2[removed[i + 1]].b -= 1;
+            pair3[removed[i + 2]].a -= 1;
+            pair3[removed[i + 3]].b -= 1;
         }
         for (; i < count; ++i) {
-            lane[added[i]] += 1;
-            lane[4 * step + removed[i]] -= 1;
+            pair0[added[i]].a += 1;
+            pair2[removed[i]].a -= 1;
         }
     }
 
@@ -86,8 +88,9 @@ public:
         Value* values = table.GetValues();
         for (int bin = 0; bin < table.GetCount(); ++bin) {
             std::uint32_t sum = 0;
-            for (std::size_t lane = 0; lane < kLanes; ++lane) {
-                sum += lanes[lane * laneSize + static_cast<std::size_t>(bin) + 1];
+            for (std::size_t pair = 0; pair < kPairs; ++pair) {
+                const CPair& counts = pairs[pair * pairSize + static_cast<std::size_t>(bin) + 1];
+                sum += counts.a + counts.b;
             }
             values[bin] = static_cast<Value>(static_cast<std::int32_t>(sum));
         }
@@ -97,11 +100,17 @@ public:
     const L& GetTable() const { return table; }
 
 private:
-    static constexpr std::size_t kLanes = 8;
+    /// Two lanes side by side, so that a bin is the index of both: no instruction goes into finding
+    /// the lane.
+    struct CPair {
+        std::uint32_t a = 0;
+        std::uint32_t b = 0;
+    };
+    static constexpr std::size_t kPairs = 4;
 
     L table;
-    std::size_t laneSize = 0;
-    std::vector<std::uint32_t> lanes;
+    std::size_t pairSize = 0;
+    std::vector<CPair> pairs;
 };
 
 } // namespace Vorin::Math
