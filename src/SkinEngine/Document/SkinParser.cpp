@@ -575,11 +575,12 @@ void CSkinParser::ReturnToTemplate() {
     templateInstances.pop_back();
     if (returned.instance) {
         const TSaved savedCall(call, returned.place);
-        // The rest of the template is as deep as its beginning was.
-        const TSaved savedDepth(expandedDepth, expandedDepth);
+        // The rest of the template is as deep as its beginning was; what was open around its inner
+        // content ends now.
         if (CountLevel()) {
             static_cast<void>(returned.instance->Resume());
         }
+        --expandedDepth;
     }
 }
 

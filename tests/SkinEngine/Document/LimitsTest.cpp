@@ -207,6 +207,11 @@ TEST_F(CLimitsTest, ATemplateThatCallsItselfBehindItsInnerContentEnds) {
                   "main.xml:2", "deeper than 1024");
 }
 
+TEST_F(CLimitsTest, CallsWithInnerContentSideBySideAreNoDepth) {
+    EXPECT_TRUE(Parse("<A><TEMPLATE id=\"T\"><B><TEMPLATE_INNER_CONTENT/></B><B/></TEMPLATE>"
+                      "<REPEAT count=\"3000\"><T><B/></T></REPEAT><T/></A>"));
+}
+
 TEST_F(CLimitsTest, ALongRingOfTemplatesEnds) {
     std::string text = "<A>";
     for (int i = 0; i < 1000; ++i) {
