@@ -4,25 +4,13 @@
 #include "system/FileReplacement.h"
 #include "system/RegularFile.h"
 
-#include <cstddef>
-
 namespace Vorin::Serialization {
 
 bool ReadTextFile(const char* path, std::string& content) {
-    System::CRegularFile file(path);
-    // What is there counts, not what the file's size says: it may be growing.
     std::string read;
-    char block[65536];
-    std::size_t size = 0;
-    do {
-        if (!file.Read(block, sizeof(block), size)) {
-            return false;
-        }
-        read.append(block, size);
-        if (read.size() > std::size_t{kMaximumDocumentBytes}) {
-            return false;
-        }
-    } while (size > 0);
+    if (!System::CRegularFile(path).ReadAll(read, kMaximumDocumentBytes)) {
+        return false;
+    }
     content.swap(read);
     return true;
 }

@@ -1,6 +1,7 @@
 #include "system/RegularFile.h"
 
 #include <cerrno>
+#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -49,6 +50,26 @@ bool CRegularFile::Read(void* bytes, std::size_t capacity, std::size_t& count) {
         count += static_cast<std::size_t>(read);
     }
     return true;
+}
+
+bool CRegularFile::ReadAll(std::string& content, std::size_t limit) {
+    content.clear();
+    char block[65536];
+    std::size_t count = 0;
+    do {
+        if (!Read(block, sizeof(block), count)) {
+            return false;
+        }
+        content.append(block, count);
+        if (content.size() > limit) {
+            return false;
+        }
+    } while (count > 0);
+    return true;
+}
+
+std::string CRegularFile::GetProblem() const {
+    return std::string("cannot be read: ") + std::strerror(error);
 }
 
 } // namespace Vorin::System

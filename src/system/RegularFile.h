@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace Vorin::System {
 
@@ -32,8 +33,15 @@ public:
     /// False, with some of them perhaps, on an error, and for what is no regular file.
     bool Read(void* bytes, std::size_t capacity, std::size_t& count);
 
+    /// Reads the rest, whatever size the file had: it may be growing. False as `Read`, and with
+    /// more than `limit` bytes, which is no error; `content` then has a part of them.
+    bool ReadAll(std::string& content, std::size_t limit);
+
     /// The error number of what went wrong, as in `errno`; 0 for nothing.
     int GetError() const { return error; }
+
+    /// The same in words, to stand behind the path: "cannot be read: ".
+    std::string GetProblem() const;
 
 private:
     int descriptor = -1;

@@ -32,6 +32,21 @@ TEST(RegularFileTest, IsReadPieceByPieceToItsEnd) {
     EXPECT_EQ(file.GetError(), 0);
 }
 
+TEST(RegularFileTest, IsReadWholeUpToALimit) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Path("letters");
+    folder.Write("letters", "abcdefg");
+    std::string content = "before";
+    EXPECT_TRUE(CRegularFile(path.c_str()).ReadAll(content, 7));
+    EXPECT_EQ(content, "abcdefg");
+    CRegularFile longer(path.c_str());
+    EXPECT_FALSE(longer.ReadAll(content, 6));
+    EXPECT_EQ(longer.GetError(), 0);
+    CRegularFile none(folder.Path("none").c_str());
+    EXPECT_FALSE(none.ReadAll(content, 7));
+    EXPECT_EQ(none.GetProblem(), "cannot be read: No such file or directory");
+}
+
 TEST(RegularFileTest, AFolderIsNotRead) {
     const CTemporaryFolder folder;
     CRegularFile file(folder.Path("").c_str());

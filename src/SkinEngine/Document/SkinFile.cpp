@@ -33,17 +33,13 @@ bool HasOtherEncoding(std::string_view text) {
     return value.size() < 7 || ::strncasecmp(value.data() + 1, "utf-8", 5) != 0;
 }
 
-std::string CannotBeRead(const System::CRegularFile& file) {
-    return std::string("cannot be read: ") + std::strerror(file.GetError());
-}
-
 } // namespace
 
 bool ReadSkinFile(const std::string& path, std::string& content, std::string& problem) {
     using EKind = System::CRegularFile::EKind;
     System::CRegularFile file(path.c_str());
     if (file.GetKind() == EKind::kNone) {
-        problem = CannotBeRead(file);
+        problem = file.GetProblem();
         return false;
     }
     if (file.GetKind() != EKind::kRegular) {
@@ -51,23 +47,14 @@ bool ReadSkinFile(const std::string& path, std::string& content, std::string& pr
                                                    : "is not a regular file; name a file on a disk";
         return false;
     }
-    // What is there counts, not what the file's size says: it may be growing.
-    content.clear();
-    char block[65536];
-    std::size_t size = 0;
-    do {
-        if (!file.Read(block, sizeof(block), size)) {
-            problem = CannotBeRead(file);
-            return false;
-        }
-        content.append(block, size);
-        if (content.size() > static_cast<std::size_t>(SkinLimits::kFileBytes)) {
-            problem = "is larger than " + std::to_string(SkinLimits::kFileBytes / 1024 / 1024) +
-                      " MB; split it into several files";
-            return false;
-        }
-    } while (size > 0);
-    return true;
+    if (file.ReadAll(content, SkinLimits::kFileBytes)) {
+        return true;
+    }
+    problem = file.GetError() != 0
+                  ? file.GetProblem()
+                  : "is larger than " + std::to_string(SkinLimits::kFileBytes / 1024 / 1024) +
+                        " MB; split it into several files";
+    return false;
 }
 
 int FindInvalidByte(std::string_view text, const char*& problem) {

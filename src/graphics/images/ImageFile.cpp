@@ -15,16 +15,12 @@ struct CImageFileContent {
     std::size_t size = 0;
 };
 
-std::string CannotBeRead(const System::CRegularFile& file) {
-    return std::string("cannot be read: ") + std::strerror(file.GetError());
-}
-
 /// Empty when all is well, else what is wrong.
 std::string ReadImageFile(const char* path, CImageFileContent& content) {
     using EKind = System::CRegularFile::EKind;
     System::CRegularFile file(path);
     if (file.GetKind() == EKind::kNone) {
-        return CannotBeRead(file);
+        return file.GetProblem();
     }
     if (file.GetKind() != EKind::kRegular) {
         return file.GetKind() == EKind::kFolder
@@ -43,7 +39,7 @@ std::string ReadImageFile(const char* path, CImageFileContent& content) {
         return "cannot be read: there is no memory for it";
     }
     if (!file.Read(content.bytes.get(), capacity, content.size)) {
-        return CannotBeRead(file);
+        return file.GetProblem();
     }
     return {};
 }
