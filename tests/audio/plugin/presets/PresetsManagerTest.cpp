@@ -182,7 +182,7 @@ TEST_F(PresetsManagerTest, StepsThroughThePresetsOfTheFilterToo) {
 
 TEST_F(PresetsManagerTest, APresetOfTheFilterGivesPlaceNameAndEvent) {
     AddLegacyPresets();
-    CPresetEvents events(manager->GetPresetChangedEvent());
+    CEventCounter events(manager->GetPresetChangedEvent());
     EXPECT_TRUE(manager->GetLegacyPresets().Get(0).Apply());
     EXPECT_EQ(Now(), "Old one 11.000000  at 0");
     EXPECT_EQ(events.Take(), 1);
@@ -219,7 +219,7 @@ TEST_F(PresetsManagerTest, AnEntryThatCannotBeLoadedChangesNothing) {
     ASSERT_TRUE(manager->GetPresetFiles().Get(0).Apply());
     folder.Write("user/Presets/B.preset", "<Other/>");
     std::filesystem::remove(folder.Path("user/Presets/C.preset"));
-    CPresetEvents events(manager->GetPresetChangedEvent());
+    CEventCounter events(manager->GetPresetChangedEvent());
     EXPECT_FALSE(manager->GetPresetFiles().Get(1).Apply());
     EXPECT_FALSE(manager->GetPresetFiles().Get(2).Apply());
     EXPECT_EQ(Now(), "A 1.000000  at 0");
@@ -240,13 +240,13 @@ TEST_F(PresetsManagerTest, SavedStateComesBack) {
     state.number = 0.1;
     state.text = "a < b & \"c\"\n";
     {
-        CPresetEvents events(manager->GetPresetChangedEvent());
+        CEventCounter events(manager->GetPresetChangedEvent());
         ASSERT_TRUE(Save("any/My sound.preset"));
         EXPECT_EQ(Name(), "My sound");
         EXPECT_EQ(events.Take(), 1);
     }
     Reopen();
-    CPresetEvents eventsAfter(manager->GetPresetChangedEvent());
+    CEventCounter eventsAfter(manager->GetPresetChangedEvent());
     ASSERT_TRUE(Load("any/My sound.preset"));
     EXPECT_EQ(Name(), "My sound");
     EXPECT_EQ(state.number, 0.1);
@@ -299,7 +299,7 @@ TEST_F(PresetsManagerTest, WhatCannotBeSavedLeavesNoFileAndTheName) {
     ASSERT_TRUE(Load("any/Old.preset"));
     const auto before = folder.List();
     const std::string nowBefore = Now();
-    CPresetEvents events(manager->GetPresetChangedEvent());
+    CEventCounter events(manager->GetPresetChangedEvent());
 
     state.isBroken = true;
     EXPECT_FALSE(Save("any/Old.preset"));
@@ -377,7 +377,7 @@ TEST_F(PresetsManagerTest, WhatIsNoPresetIsNotLoaded) {
         folder.Write(name, bytes);
         EXPECT_FALSE(Load(name)) << name;
     }
-    CPresetEvents events(manager->GetPresetChangedEvent());
+    CEventCounter events(manager->GetPresetChangedEvent());
     EXPECT_FALSE(Load("any/folder.preset"));
     EXPECT_FALSE(Load("any/pipe.preset")); // opening it would wait for a writer
     EXPECT_FALSE(Load("any/missing.preset"));
@@ -442,7 +442,7 @@ TEST_F(PresetsManagerTest, MissingAndUnknownKeysAreNoFailure) {
 TEST_F(PresetsManagerTest, APresetWithoutANameIsCalledDefault) {
     MakeFolder("any");
     folder.Write("any/nameless.preset", "<Preset number=\"2\"/>");
-    CPresetEvents events(manager->GetPresetChangedEvent());
+    CEventCounter events(manager->GetPresetChangedEvent());
     ASSERT_TRUE(Load("any/nameless.preset"));
     EXPECT_EQ(Name(), "Default");
     EXPECT_EQ(events.Take(), 1);
@@ -485,7 +485,7 @@ TEST_F(PresetsManagerTest, LoadingTheDefaultAfterItWasDeletedResetsToDefaults) {
     manager->SetPresetIndex(2);
     EXPECT_TRUE(manager->DeleteDefaultPreset());
     EXPECT_FALSE(folder.Has("user/Presets/Default.preset"));
-    CPresetEvents events(manager->GetPresetChangedEvent());
+    CEventCounter events(manager->GetPresetChangedEvent());
     EXPECT_TRUE(manager->LoadDefaultPreset());
     EXPECT_EQ(Now(), "Default Settings 0.000000  at -1");
     EXPECT_EQ(state.resets, 1);

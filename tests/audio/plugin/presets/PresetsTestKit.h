@@ -1,7 +1,7 @@
 #pragma once
 
 #include "audio/plugin/presets/PresetsManager.h"
-#include "core/Command.h"
+#include "core/EventCounter.h"
 #include "files/Obstacles.h"
 #include "files/TemporaryFolder.h"
 #include "serialization/ItemSerialization.h"
@@ -68,31 +68,6 @@ public:
     mutable int written = 0;
     int read = 0;
     int resets = 0;
-};
-
-/// Counts events.
-class CPresetEvents {
-public:
-    explicit CPresetEvents(Core::IEventProvider& eventProvider) : provider(eventProvider) {
-        provider.Connect(command);
-    }
-    CPresetEvents(const CPresetEvents&) = delete;
-    CPresetEvents& operator=(const CPresetEvents&) = delete;
-    ~CPresetEvents() { provider.Disconnect(command); }
-
-    /// Those since the last call.
-    int Take() {
-        const int taken = count;
-        count = 0;
-        return taken;
-    }
-
-private:
-    void Count() { ++count; }
-
-    Core::IEventProvider& provider;
-    int count = 0;
-    Core::TCommand<CPresetEvents> command{this, &CPresetEvents::Count};
 };
 
 /// A preset file whose name within is `name`.
