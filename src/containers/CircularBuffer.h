@@ -61,25 +61,23 @@ public:
     T GetBehind(int n) const { return data[(head - n) & mask]; }
 
     /// Pushes `count` values and gives, for each, the value that was pushed `distance` values
-    /// before it: 0 is the value itself, 1 the one before. `distance` is 0 to GetCount(); `values`
-    /// and `delayed` do not overlap. [audio]
-    void PushDelayed(const T* values, int count, int distance, T* delayed) {
-        const int stored = std::min(count, distance);
-        CopyOut((head + 1 - distance) & mask, stored, delayed);
-        std::copy_n(values, count - stored, delayed + stored);
-        CopyIn(values, count);
-    }
-
-    /// The same, but gives them where they stand, as long as they stand there in a row and the push
-    /// leaves them; else `room` takes them. Valid until the next push. [audio]
+    /// before it: 0 is the value itself, 1 the one before. They are given where they stand, as long
+    /// as they stand there in a row and the push leaves them; else in `room`. Valid until the next
+    /// push. `distance` is 0 to GetCount(); `values` and `room` do not overlap. [audio]
     const T* PushAndGetDelayed(const T* values, int count, int distance, T* room) {
-        const int from = (head + 1 - distance) & mask;
-        const bool stays = count <= distance && distance <= size - count && from <= size - count;
-        if (stays || distance == 0) {
+        if (distance == 0) {
             CopyIn(values, count);
-            return stays ? data.get() + from : values;
+            return values;
         }
-        PushDelayed(values, count, distance, room);
+        const int from = (head + 1 - distance) & mask;
+        if (count <= distance && distance <= size - count && from <= size - count) {
+            CopyIn(values, count);
+            return data.get() + from;
+        }
+        const int stored = std::min(count, distance);
+        CopyOut(from, stored, room);
+        std::copy_n(values, count - stored, room + stored);
+        CopyIn(values, count);
         return room;
     }
 
