@@ -48,9 +48,11 @@ bool CModelElement::GetDouble(const char* name, double& value) {
 }
 
 bool CModelElement::GetInteger(const char* name, int& value) {
-    double number = 0.0;
-    const bool isEmpty = Has(name) && *Get(name) == '\0'; // counts as 0
-    if (!isEmpty && (!Has(name) || !ReadNumber(Get(name), number))) {
+    if (!Has(name)) {
+        return false;
+    }
+    double number = 0.0; // also what an empty text counts as
+    if (*Get(name) && !ReadNumber(Get(name), number)) {
         return false;
     }
     // Whatever lies beyond an int counts as its nearer end.
