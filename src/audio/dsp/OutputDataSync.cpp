@@ -39,7 +39,8 @@ void COutputDataSync::AddSamples(std::uint32_t samples) {
 
 void COutputDataSync::UpdatePeriod() {
     constexpr double largest = std::numeric_limits<std::int32_t>::max();
-    const double samples = refreshRate == 0.0 ? 0.0 : std::min(sampleRate / refreshRate, largest);
+    // In this order NaN, as two infinite rates give it, counts as the largest.
+    const double samples = refreshRate == 0.0 ? 0.0 : std::min(largest, sampleRate / refreshRate);
     std::atomic_ref(period).store(static_cast<std::uint32_t>(samples), std::memory_order_relaxed);
 }
 
