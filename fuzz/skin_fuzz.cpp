@@ -6,10 +6,9 @@
 #include "SkinEngine/Document/XMLReading.h"
 #include "containers/MemMessageLog.h"
 #include "fuzz/Explore.h"
+#include "tests/files/TemporaryFolder.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -20,27 +19,17 @@ using namespace Vorin::AppEngine;
 
 class CSkinFuzz {
 public:
-    CSkinFuzz() {
-        std::string name = (std::filesystem::temp_directory_path() / "skin-fuzz-XXXXXX").string();
-        Fuzz::Require(mkdtemp(name.data()));
-        folder = name;
-        Register();
-    }
-    ~CSkinFuzz() { std::filesystem::remove_all(folder); }
-    CSkinFuzz(const CSkinFuzz&) = delete;
-    CSkinFuzz& operator=(const CSkinFuzz&) = delete;
+    CSkinFuzz() { Register(); }
 
     void Run(std::string_view bytes) {
+        const TestFiles::CTemporaryFolder folder;
         char name[] = "a.xml";
         for (std::size_t begin = 0; begin <= bytes.size() && name[0] <= 'd'; ++name[0]) {
             const std::size_t end = std::min(bytes.find('\f', begin), bytes.size());
-            std::ofstream(folder / name, std::ios::binary) << bytes.substr(begin, end - begin);
+            folder.Write(name, bytes.substr(begin, end - begin));
             begin = end + 1;
         }
-        Parse();
-        for (char stale = 'a'; stale < name[0]; ++stale) {
-            std::filesystem::remove(folder / (std::string(1, stale) + ".xml"));
-        }
+        Parse(folder.Path("a.xml"));
     }
 
 private:
@@ -59,11 +48,11 @@ private:
         }
     }
 
-    void Parse() {
+    void Parse(const std::string& path) {
         log.Clear();
         parser.ClearFileChecks();
         parser.AddVariable("v", "1");
-        const bool isSound = parser.Parse((folder / "a.xml").c_str());
+        const bool isSound = parser.Parse(path.c_str());
         Fuzz::Require(isSound || log.GetCount() > 0);
         Fuzz::Require(log.GetPlace().IsNowhere());
     }
@@ -71,7 +60,6 @@ private:
     bool OnStart(const Attributes& /*attributes*/) { return true; }
     bool OnEnd() { return true; }
 
-    std::filesystem::path folder;
     CoreUtilities::CMemMessageLog log;
     CSkinParser parser{&log};
 };

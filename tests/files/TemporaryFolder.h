@@ -7,6 +7,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace TestFiles {
 
@@ -33,12 +34,14 @@ public:
 
     std::string Path(const std::string& name) const { return (path / name).string(); }
 
-    void Write(const std::string& name, const std::string& bytes) const {
+    /// The path of what was written.
+    std::string Write(const std::string& name, std::string_view bytes) const {
         std::ofstream file(path / name, std::ios::binary);
         file << bytes;
         if (!file.flush()) {
             throw std::runtime_error("cannot be written: " + Path(name));
         }
+        return Path(name);
     }
 
     std::string Read(const std::string& name) const {

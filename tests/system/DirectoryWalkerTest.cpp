@@ -1,9 +1,10 @@
 #include "system/DirectoryWalker.h"
 
+#include "files/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <set>
 #include <string>
@@ -14,15 +15,10 @@ namespace {
 class DirectoryWalkerTest : public ::testing::Test {
 protected:
     DirectoryWalkerTest() {
-        std::string name = (std::filesystem::temp_directory_path() / "walkerXXXXXX").string();
-        directory = mkdtemp(name.data());
-        Make("one");
-        Make("two.preset");
-        std::filesystem::create_directory(directory / "folder");
+        folder.Write("one", "x");
+        folder.Write("two.preset", "x");
+        std::filesystem::create_directory(folder.Path("folder"));
     }
-    ~DirectoryWalkerTest() override { std::filesystem::remove_all(directory); }
-
-    void Make(const char* name) { std::ofstream(directory / name) << "x"; }
 
     static std::multiset<std::string> Names(CDirectoryWalker& walker) {
         std::multiset<std::string> names;
@@ -32,17 +28,18 @@ protected:
         return names;
     }
 
-    std::filesystem::path directory;
+    const TestFiles::CTemporaryFolder folder;
+    const std::string path = folder.GetPath();
 };
 
 TEST_F(DirectoryWalkerTest, GivesEveryEntryOnceTheDotsIncluded) {
-    CDirectoryWalker walker(directory.c_str());
+    CDirectoryWalker walker(path.c_str());
     EXPECT_EQ(Names(walker),
               (std::multiset<std::string>{".", "..", "folder", "one", "two.preset"}));
 }
 
 TEST_F(DirectoryWalkerTest, StaysAtTheEnd) {
-    CDirectoryWalker walker(directory.c_str());
+    CDirectoryWalker walker(path.c_str());
     Names(walker);
     walker.Next();
     EXPECT_TRUE(walker.IsAtEnd());
@@ -50,9 +47,9 @@ TEST_F(DirectoryWalkerTest, StaysAtTheEnd) {
 }
 
 TEST_F(DirectoryWalkerTest, ResetOpensThePathAnew) {
-    CDirectoryWalker walker(directory.c_str());
+    CDirectoryWalker walker(path.c_str());
     walker.Next();
-    Make("three");
+    folder.Write("three", "x");
     walker.Reset();
     EXPECT_EQ(Names(walker),
               (std::multiset<std::string>{".", "..", "folder", "one", "three", "two.preset"}));
@@ -61,18 +58,18 @@ TEST_F(DirectoryWalkerTest, ResetOpensThePathAnew) {
 }
 
 TEST_F(DirectoryWalkerTest, MayBeDroppedHalfWay) {
-    const auto walker = std::make_unique<CDirectoryWalker>(directory.c_str());
+    const auto walker = std::make_unique<CDirectoryWalker>(path.c_str());
     walker->Next();
     EXPECT_FALSE(walker->IsAtEnd());
 }
 
 TEST_F(DirectoryWalkerTest, WhatCannotBeOpenedHasNoEntries) {
-    CDirectoryWalker missing((directory / "missing").c_str());
+    CDirectoryWalker missing(folder.Path("missing").c_str());
     EXPECT_TRUE(missing.IsAtEnd());
     missing.Next();
     missing.Reset();
     EXPECT_TRUE(missing.IsAtEnd());
-    EXPECT_TRUE(CDirectoryWalker((directory / "one").c_str()).IsAtEnd());
+    EXPECT_TRUE(CDirectoryWalker(folder.Path("one").c_str()).IsAtEnd());
     EXPECT_TRUE(CDirectoryWalker(nullptr).IsAtEnd());
 }
 

@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "ImageFolder.h"
+#include "ImageBytes.h"
 #include "PngBytes.h"
+#include "files/TemporaryFolder.h"
 #include "graphics/TestPicture.h"
 #include "graphics/images/ImageGraphics.h"
 
@@ -21,7 +22,7 @@ int GetReferences(const IImage& image) {
 }
 
 TEST(GraphicResourcesManagerTest, TheSamePathGivesTheSameImage) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     const std::string path = folder.Write("a.png", GetPlainPng(4, 100));
     CGraphicResourcesManager manager;
     bool hasAlpha = false;
@@ -43,7 +44,7 @@ TEST(GraphicResourcesManagerTest, TheSamePathGivesTheSameImage) {
 }
 
 TEST(GraphicResourcesManagerTest, WhatNobodyHoldsIsForgotten) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     const std::string held = folder.Write("held.png", GetPlainPng(4, 255));
     const std::string unused = folder.Write("unused.png", GetPlainPng(8, 100));
     CGraphicResourcesManager manager;
@@ -69,7 +70,7 @@ TEST(GraphicResourcesManagerTest, WhatNobodyHoldsIsForgotten) {
 }
 
 TEST(GraphicResourcesManagerTest, ImagesOutliveTheManager) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     const std::string path = folder.Write("a.png", GetPlainPng(4, 100));
     std::weak_ptr<CPlatformImage> pixels;
     std::unique_ptr<IImage> image;
@@ -86,8 +87,8 @@ TEST(GraphicResourcesManagerTest, ImagesOutliveTheManager) {
 }
 
 TEST(GraphicResourcesManagerTest, WhatCannotBeLoadedIsTriedOnce) {
-    const CImageFolder folder;
-    const std::string path = folder.GetPath("none.png");
+    const TestFiles::CTemporaryFolder folder;
+    const std::string path = folder.Path("none.png");
     CGraphicResourcesManager manager;
     bool hasAlpha = true;
     EXPECT_EQ(manager.GetImage(path.c_str(), hasAlpha), nullptr);
@@ -118,7 +119,7 @@ TEST(GraphicResourcesManagerTest, AnEmptyPathIsNoImage) {
 }
 
 TEST(GraphicResourcesManagerTest, AnAlphaImageIsThePictureOnBlackWithItsAlpha) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     const std::string path = folder.Write("a.png", GetPlainPng(3, 100));
     CGraphicResourcesManager manager;
     const auto derived = manager.GetAlphaImage(path.c_str());
@@ -133,7 +134,7 @@ TEST(GraphicResourcesManagerTest, AnAlphaImageIsThePictureOnBlackWithItsAlpha) {
 }
 
 TEST(GraphicResourcesManagerTest, AllImagesTogetherHaveALimit) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     CGraphicResourcesManager manager;
     std::vector<std::unique_ptr<IImage>> images;
     const std::string large =
@@ -155,7 +156,7 @@ TEST(GraphicResourcesManagerTest, AllImagesTogetherHaveALimit) {
 
 // Watched by the leak checks of the sanitizer builds.
 TEST(GraphicResourcesManagerTest, TenThousandLoadsAndDrawsLeaveNothing) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     const std::string path = folder.Write("a.png", GetPlainPng(16, 100));
     CGraphicResourcesManager manager;
     CTestPicture picture({40, 40});

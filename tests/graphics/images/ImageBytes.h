@@ -3,40 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "graphics/images/ImageFile.h"
 
 namespace Vorin::Graphics::Testing {
-
-// A folder for files, gone with the object.
-class CImageFolder {
-public:
-    CImageFolder() {
-        std::string name =
-            (std::filesystem::temp_directory_path() / "ondara-images-XXXXXX").string();
-        path = mkdtemp(name.data());
-    }
-    ~CImageFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    CImageFolder(const CImageFolder&) = delete;
-    CImageFolder& operator=(const CImageFolder&) = delete;
-
-    std::string GetPath(const std::string& name) const { return (path / name).string(); }
-    std::string Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(GetPath(name), std::ios::binary) << bytes;
-        return GetPath(name);
-    }
-
-private:
-    std::filesystem::path path;
-};
 
 inline CLoadedImage DecodePngText(const std::string& bytes) {
     const void* data = bytes.data();

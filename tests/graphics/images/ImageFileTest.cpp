@@ -8,8 +8,9 @@
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
-#include "ImageFolder.h"
+#include "ImageBytes.h"
 #include "PngBytes.h"
+#include "files/TemporaryFolder.h"
 
 namespace Vorin::Graphics::Testing {
 namespace {
@@ -57,7 +58,7 @@ void ExpectPlainColour(const CLoadedImage& loaded, const char* kind) {
 }
 
 TEST(ImageFileTest, ImagesOfOtherKindsLoad) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     for (const char* kind : {"jpeg", "bmp", "tiff"})
         ExpectPlainColour(
             LoadImageFile(folder.Write(std::string("a.") + kind, GetForeignBytes(kind)).c_str()),
@@ -70,7 +71,7 @@ TEST(ImageFileTest, ImagesOfOtherKindsLoad) {
 }
 
 TEST(ImageFileTest, ANameEndingInPngIsPngInWhateverCase) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     for (const char* name : {"a.png", "b.PNG", "c.Png", ".png"}) {
         EXPECT_NE(LoadImageFile(folder.Write(name, GetSomePng()).c_str()).image, nullptr) << name;
         EXPECT_EQ(LoadImageFile(folder.Write(name, GetForeignBytes("jpeg")).c_str()).image, nullptr)
@@ -79,7 +80,7 @@ TEST(ImageFileTest, ANameEndingInPngIsPngInWhateverCase) {
 }
 
 TEST(ImageFileTest, APngOfAnotherNameIsKnownByItsContent) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     for (const char* name : {"a.jpg", "b", "png", "c.png.bak"}) {
         const CLoadedImage loaded = LoadImageFile(folder.Write(name, GetSomePng()).c_str());
         ASSERT_NE(loaded.image, nullptr) << name << loaded.problem;
@@ -88,29 +89,29 @@ TEST(ImageFileTest, APngOfAnotherNameIsKnownByItsContent) {
 }
 
 TEST(ImageFileTest, WhatIsNoImageFileSaysSo) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     const auto getProblem = [](const std::string& path) {
         const CLoadedImage loaded = LoadImageFile(path.c_str());
         EXPECT_EQ(loaded.image, nullptr) << path;
         EXPECT_FALSE(loaded.hasAlpha);
         return loaded.problem;
     };
-    EXPECT_EQ(getProblem(folder.GetPath("none.png")), "cannot be read: No such file or directory");
-    EXPECT_EQ(getProblem(folder.GetPath("")), "is a folder, not an image file");
+    EXPECT_EQ(getProblem(folder.Path("none.png")), "cannot be read: No such file or directory");
+    EXPECT_EQ(getProblem(folder.Path("")), "is a folder, not an image file");
     EXPECT_EQ(getProblem(folder.Write("empty.png", "")), "is an empty file, not an image");
     EXPECT_EQ(getProblem(folder.Write("text.jpg", "no image")),
               "is not an image of a known kind; save it as PNG, JPEG, GIF, BMP or TIFF");
     EXPECT_EQ(getProblem(folder.Write("a.png", "no image")).rfind("is not a PNG image", 0), 0u);
     EXPECT_EQ(getProblem(folder.Write("a.svg", "<svg xmlns='http://www.w3.org/2000/svg'/>")),
               "is not an image of a known kind; save it as PNG, JPEG, GIF, BMP or TIFF");
-    ASSERT_EQ(mkfifo(folder.GetPath("pipe.png").c_str(), 0600), 0);
-    EXPECT_EQ(getProblem(folder.GetPath("pipe.png")),
+    ASSERT_EQ(mkfifo(folder.Path("pipe.png").c_str(), 0600), 0);
+    EXPECT_EQ(getProblem(folder.Path("pipe.png")),
               "is not a regular file; images are read from files on disk");
     EXPECT_EQ(getProblem(std::string(10000, 'a')), "cannot be read: File name too long");
 }
 
 TEST(ImageFileTest, AFileBeyondTheLimitIsNotRead) {
-    const CImageFolder folder;
+    const TestFiles::CTemporaryFolder folder;
     const std::string path = folder.Write("large.png", GetSomePng());
     std::filesystem::resize_file(path, kMaxImageFileBytes);
     EXPECT_NE(LoadImageFile(path.c_str()).image, nullptr) << "what follows the image is ignored";

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "ImageFolder.h"
+#include "ImageBytes.h"
 #include "PngBytes.h"
 #include "graphics/images/Premultiply.h"
 
