@@ -48,7 +48,8 @@ public:
         }
         const double t = x + At(times, currentIndex);
         const int oldest = currentIndex - pointsCount + 1;
-        int i = std::max(currentIndex + static_cast<int>(x * pointsPerSecond + 0.5), oldest + 1);
+        const double offset = std::max(x * pointsPerSecond + 0.5, -1.0 * pointsCount);
+        int i = std::max(currentIndex + static_cast<int>(offset), oldest + 1);
         while (t > At(times, i) && i < currentIndex - 1) {
             ++i;
         }
