@@ -31,6 +31,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   add_compile_options(-fno-gnu-unique)
 endif()
 
+# What TDynamicCollection's Get overrides depends on the interface, so it cannot say so.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  add_compile_options(-Wno-inconsistent-missing-override)
+endif()
+
 if(ONDARA_WERROR)
   add_compile_options(-Werror)
 endif()
