@@ -47,7 +47,7 @@ public:
 private:
     bool Load(const std::string& path, bool isUsedOnly) {
         CSkinParser parser(&log);
-        parser.SetMaximumExpanded(2000); // a million would only take its time
+        parser.GetBudget().SetMaximumElements(2000); // a million would only take its time
         CSkinModelFactory factory(log, parser, model,
                                   {.timers = timers,
                                    .clock = clock,

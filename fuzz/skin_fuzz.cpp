@@ -36,7 +36,7 @@ private:
     using Attributes = Containers::IConstNamedAttributes;
 
     void Register() {
-        parser.SetMaximumExpanded(2000); // a million would only take its time
+        parser.GetBudget().SetMaximumElements(2000); // a million would only take its time
         parser.ResetHandlers();
         for (const std::string_view element : GetSkinElements()) {
             const std::string name(element);

@@ -2,12 +2,9 @@
 #include "SkinEngine/Document/SkinParser.h"
 
 #include "SkinEngine/Document/FilePaths.h"
-#include "SkinEngine/Document/SkinLimits.h"
 #include "SkinEngine/Document/VariableSubstitution.h"
 #include "SkinEngine/Formula/ParseFormula.h"
 #include "serialization/NumberText.h"
-
-#include <xercesc/sax/Locator.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -184,11 +181,7 @@ void CSkinParser::Substitute(CNamedAttributes& attributes) {
         if (!SubstituteVariables(value.Get(), result, find)) {
             return;
         }
-        expandedBytes += static_cast<long>(result.size());
-        if (result.size() > static_cast<std::size_t>(SkinLimits::kTextBytes)) {
-            Stop("the value of an attribute has more bytes than " +
-                 std::to_string(SkinLimits::kTextBytes));
-        } else {
+        if (Within(budget.TakeValue(result.size()))) {
             value = result.c_str();
         }
     });
@@ -203,7 +196,7 @@ bool CSkinParser::FailFormula(const std::string& text) {
 
 bool CSkinParser::EvaluateFormula(const char* formula, double& value) {
     const auto length = static_cast<int>(std::strlen(formula)); // at most kTextBytes
-    if (!Count(SkinLimits::kFormulaCost + length / 2)) {
+    if (!Within(budget.TakeElements(SkinLimits::kFormulaCost + length / 2))) {
         return false;
     }
     const std::unique_ptr<Math::IConstant> constant(ParseConstantFormula(formula));
@@ -227,9 +220,8 @@ bool CSkinParser::ReadInteger(const IConstNamedAttributes& attributes, const cha
     }
     double result = 0.0;
     if (!EvaluateFormula(text, result)) {
-        const auto line = locator ? static_cast<int>(locator->getLineNumber()) : 0;
         value = 0;
-        return FailFormula("Line " + std::to_string(line) + ":'" + text +
+        return FailFormula("Line " + std::to_string(GetReaderLine()) + ":'" + text +
                            "' is an invalid formula.");
     }
     value = ClampToInt(result);
@@ -284,7 +276,7 @@ bool CSkinParser::OnRepeatEnd() {
 void CSkinParser::ReplayOnce(IParsedTemplate& body, const std::string& indexName,
                              const std::string& index) {
     // Also when the body is empty: ten million times nothing takes its time too.
-    if (!Count(1)) {
+    if (!Within(budget.TakeElements(1))) {
         return;
     }
     CNamedAttributes parameters;

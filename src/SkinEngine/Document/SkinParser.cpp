@@ -4,7 +4,6 @@
 
 #include "SkinEngine/Document/FilePaths.h"
 #include "SkinEngine/Document/SkinFile.h"
-#include "SkinEngine/Document/SkinLimits.h"
 #include "SkinEngine/Document/StartTagLines.h"
 #include "SkinEngine/Document/XMLNamedAttributes.h"
 #include "SkinEngine/Document/XMLReading.h"
@@ -53,11 +52,18 @@ private:
     T saved;
 };
 
-std::string TooMany(const char* what, long limit) {
-    return std::string(what) + " than " + std::to_string(limit);
-}
-
 } // namespace
+
+struct CSkinParser::COpenFile {
+    COpenFile(std::string_view content, const COpenFile* includer)
+        : startTags(content), level(includer ? includer->level + 1 : 0) {}
+
+    CStartTagLines startTags;
+    const int level;            // 0 for the root document
+    std::vector<int> openLines; // of the elements that are open in it
+    int elements = 0;
+    const xercesc::Locator* locator = nullptr;
+};
 
 CSkinParser::CSkinParser(Core::IMessageLog* messageLog)
     : log(messageLog), defines(messageLog),
@@ -142,10 +148,8 @@ void CSkinParser::Clear() {
     success = true;
     depth = defineNesting = recordDepth = 0;
     place = call = CDocumentPlace();
-    openLines.clear();
     stopped = false;
-    filesOpen = fileElements = expandedElements = expandedDepth = 0;
-    expandedBytes = readBytes = 0;
+    budget.Reset();
 }
 
 bool CSkinParser::CheckFile(const std::string& path) {
@@ -158,7 +162,7 @@ bool CSkinParser::CheckFile(const std::string& path) {
 }
 
 bool CSkinParser::ParseFile(const std::string& path) {
-    if (filesOpen > SkinLimits::kIncludesNested) {
+    if (file && file->level == SkinLimits::kIncludesNested) {
         return Stop(path + ": included files are nested deeper than " +
                     std::to_string(SkinLimits::kIncludesNested) +
                     "; look for a file that includes itself, or use INCLUDE_ONCE");
@@ -168,7 +172,7 @@ bool CSkinParser::ParseFile(const std::string& path) {
         fileName, std::make_shared<const std::string>(GetRelativePath(currentFile, rootFilePath)));
     // What cannot be opened is the fault of the element that names it; only for the root document
     // is there none.
-    if (filesOpen == 0) {
+    if (!file) {
         StandAt(CDocumentPlace(fileName, 0));
     }
     if (!CheckFile(currentFile)) {
@@ -177,16 +181,14 @@ bool CSkinParser::ParseFile(const std::string& path) {
     }
     std::string content;
     std::string problem;
-    if (!Count(filesOpen > 0 ? SkinLimits::kFileCost : 0)) {
+    if (file && !Within(budget.TakeElements(SkinLimits::kFileCost))) {
         return false;
     }
     if (!ReadSkinFile(currentFile, content, problem)) {
         return Fail(currentFile + ": " + problem);
     }
-    readBytes += static_cast<long>(content.size());
-    if (readBytes > SkinLimits::kReadBytes) {
-        return Stop(currentFile + ": the files of the document are larger than " +
-                    std::to_string(SkinLimits::kReadBytes / 1024 / 1024) + " MB together");
+    if (!Within(budget.TakeFile(currentFile, content.size()))) {
+        return false;
     }
     const CDocumentPlace includedFrom = place;
     bool result = false;
@@ -202,25 +204,18 @@ bool CSkinParser::ParseFile(const std::string& path) {
 }
 
 bool CSkinParser::ReadFile(const std::string& path, const std::string& content) {
-    CStartTagLines lines(content);
-    const TSaved savedLines(startTagLines, &lines);
-    const TSaved savedOpenLines(openLines, std::vector<int>());
-    const TSaved savedLocator(locator, static_cast<const xercesc::Locator*>(nullptr));
+    COpenFile opened(content, file);
+    const TSaved savedFile(file, &opened);
     const TSaved savedCall(call, CDocumentPlace());
-    const TSaved savedElements(fileElements, 0);
-    const TSaved savedOpen(filesOpen, filesOpen + 1);
     try {
-        const std::unique_ptr<xercesc::SAX2XMLReader> fileReader = CreateXMLReader(*this, [this] {
-            // The line of the reader, which is past the head of the DOCTYPE.
-            StandAt(
-                CDocumentPlace(fileName, locator ? static_cast<int>(locator->getLineNumber()) : 0));
+        const std::unique_ptr<xercesc::SAX2XMLReader> reader = CreateXMLReader(*this, [this] {
+            StandAt(CDocumentPlace(fileName, GetReaderLine())); // past the head of the DOCTYPE
             Stop("a DOCTYPE is not allowed in a skin; remove it, and write out its entities");
             throw CStopReading();
         });
-        const TSaved savedReader(reader, fileReader.get());
         const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(content.data()),
                                                 content.size(), path.c_str());
-        fileReader->parse(source);
+        reader->parse(source);
         return success;
     } catch (const CStopReading&) {
         return false; // and the log says why
@@ -236,27 +231,30 @@ bool CSkinParser::ReadFile(const std::string& path, const std::string& content) 
 // -- What the XML reader sends -------------------------------------------------------------------
 
 void CSkinParser::setDocumentLocator(const xercesc::Locator* documentLocator) {
-    locator = documentLocator;
+    file->locator = documentLocator;
+}
+
+int CSkinParser::GetReaderLine() const {
+    return file && file->locator ? static_cast<int>(file->locator->getLineNumber()) : 0;
 }
 
 void CSkinParser::startElement(const XMLCh* /*uri*/, const XMLCh* /*localName*/,
                                const XMLCh* qualifiedName,
                                const xercesc::Attributes& readAttributes) {
-    int line = startTagLines->Next();
-    if (line == 0 && locator) {
-        line = static_cast<int>(locator->getLineNumber());
-    }
-    openLines.push_back(line);
+    const int begin = file->startTags.Next();
+    const int line = begin > 0 ? begin : GetReaderLine();
+    file->openLines.push_back(line);
     StandAt(CDocumentPlace(fileName, line));
     TranscodeXMLText(qualifiedName, currentElementName);
     const XMLSize_t count = readAttributes.getLength();
     if (count > static_cast<XMLSize_t>(SkinLimits::kAttributes)) {
-        Stop(currentElementName + ": " + TooMany("more attributes", SkinLimits::kAttributes));
-    } else if (static_cast<int>(openLines.size()) > SkinLimits::kFileDepth) {
-        Stop(currentElementName + ": elements of a file are nested " +
-             TooMany("deeper", SkinLimits::kFileDepth));
-    } else if (++fileElements > SkinLimits::kFileElements) {
-        Stop(TooMany("the file holds more elements", SkinLimits::kFileElements) +
+        Stop(currentElementName + ": " +
+             CSkinBudget::TooMany("more attributes", SkinLimits::kAttributes));
+    } else if (static_cast<int>(file->openLines.size()) > SkinLimits::kFileDepth) {
+        Stop(currentElementName + ": " +
+             CSkinBudget::TooMany("elements of a file are nested deeper", SkinLimits::kFileDepth));
+    } else if (++file->elements > SkinLimits::kFileElements) {
+        Stop(CSkinBudget::TooMany("the file holds more elements", SkinLimits::kFileElements) +
              "; split it into several files");
     } else {
         CXMLNamedAttributes attributes;
@@ -274,8 +272,8 @@ void CSkinParser::startElement(const XMLCh* /*uri*/, const XMLCh* /*localName*/,
 
 void CSkinParser::endElement(const XMLCh* /*uri*/, const XMLCh* /*localName*/,
                              const XMLCh* qualifiedName) {
-    StandAt(CDocumentPlace(fileName, openLines.back()));
-    openLines.pop_back();
+    StandAt(CDocumentPlace(fileName, file->openLines.back()));
+    file->openLines.pop_back();
     TranscodeXMLText(qualifiedName, currentElementName);
     const std::string name = currentElementName;
     static_cast<void>(OnElementEnd(name.c_str()));
@@ -313,7 +311,7 @@ void CSkinParser::LogReaderMessage(Core::EMessageType type, const char* prefix, 
     LogMessage(type, prefix + std::to_string(line) + ": " + message + " (" + *fileName + ")");
 }
 
-// -- Places and limits ---------------------------------------------------------------------------
+// -- Places and messages -------------------------------------------------------------------------
 
 void CSkinParser::StandAt(const CDocumentPlace& newPlace) {
     place = newPlace;
@@ -324,41 +322,6 @@ void CSkinParser::StandAt(const CDocumentPlace& newPlace) {
 
 void CSkinParser::SetElementPlace(const CDocumentPlace& elementPlace) {
     StandAt(call.IsNowhere() ? elementPlace : elementPlace.CalledFrom(call));
-}
-
-bool CSkinParser::Count(int cost) {
-    expandedElements += cost;
-    if (expandedElements > maximumExpanded) {
-        return Stop(TooMany("the document expands to more elements", maximumExpanded) +
-                    "; look for repeats and templates within each other");
-    }
-    return true;
-}
-
-bool CSkinParser::CountLevel() {
-    return ++expandedDepth <= SkinLimits::kExpandedDepth ||
-           Stop(TooMany("expanded elements are nested deeper", SkinLimits::kExpandedDepth) +
-                "; look for templates that call each other");
-}
-
-bool CSkinParser::CountAttributes(const char* name, const CNamedAttributes& attributes) {
-    if (attributes.GetCount() > SkinLimits::kAttributes) {
-        return Stop(std::string(name) + ": " + TooMany("more attributes", SkinLimits::kAttributes));
-    }
-    bool isTooLong = false;
-    expandedBytes += static_cast<long>(std::string_view(name).size());
-    attributes.ForEach([&](std::string_view attribute, std::string_view value) {
-        isTooLong = isTooLong || value.size() > std::size_t{SkinLimits::kTextBytes};
-        expandedBytes += static_cast<long>(attribute.size() + value.size());
-    });
-    if (isTooLong) {
-        return Stop(TooMany("the value of an attribute has more bytes", SkinLimits::kTextBytes));
-    }
-    if (expandedBytes > SkinLimits::kExpandedBytes) {
-        return Stop("the names and values of all elements are larger than " +
-                    std::to_string(SkinLimits::kExpandedBytes / 1024 / 1024) + " MB together");
-    }
-    return true;
 }
 
 void CSkinParser::LogMessage(Core::EMessageType type, const std::string& text) {
@@ -381,24 +344,26 @@ bool CSkinParser::Stop(const std::string& text) {
     return false;
 }
 
+bool CSkinParser::Within(const std::string& problem) { return problem.empty() || Stop(problem); }
+
 // -- The way of an element -----------------------------------------------------------------------
 
 bool CSkinParser::OnElementStart(const char* name, IConstNamedAttributes& attributes) {
-    if (stopped) {
-        return false;
-    }
-    if (!Count(1) || !CountLevel()) {
+    if (stopped || !Within(budget.TakeElements(1)) || !Within(budget.EnterLevel())) {
         return false;
     }
     if (auto* own = dynamic_cast<CNamedAttributes*>(&attributes)) {
-        return CountAttributes(name, *own) && Deliver(name, *own);
+        return Deliver(name, *own);
     }
     CNamedAttributes copy;
     copy.Set(attributes);
-    return CountAttributes(name, copy) && Deliver(name, copy);
+    return Deliver(name, copy);
 }
 
 bool CSkinParser::Deliver(const char* name, CNamedAttributes& attributes) {
+    if (!Within(budget.TakeTexts(name, attributes))) {
+        return false;
+    }
     if (repeating) {
         repeat.SetElementPlace(place);
         repeat.OnElementStart(name, attributes);
@@ -424,18 +389,18 @@ bool CSkinParser::Deliver(const char* name, CNamedAttributes& attributes) {
         if (!defines.ExpandElement(name, attributes)) {
             return DeliverExpanded(name, attributes);
         }
-        if (!CountAttributes(name, attributes)) {
+        if (!Within(budget.TakeTexts(name, attributes))) {
             return false;
         }
         if (chained == SkinLimits::kDefinitionsChained) {
             return Stop(std::string(name) + ": definitions stand on each other " +
-                        TooMany("deeper", SkinLimits::kDefinitionsChained) +
+                        CSkinBudget::TooMany("deeper", SkinLimits::kDefinitionsChained) +
                         "; look for two with each other as base_type");
         }
         expanded = defines.GetBaseType(name);
         name = expanded.c_str();
     }
-    refusedElements.push_back(expandedDepth); // so that its end is refused too
+    refusedElements.push_back(budget.GetDepth()); // so that its end is refused too
     return false;
 }
 
@@ -516,7 +481,8 @@ bool CSkinParser::OnElementEnd(const char* name) {
     if (stopped) {
         return false;
     }
-    const int level = expandedDepth--;
+    const int level = budget.GetDepth();
+    budget.LeaveLevel();
     if (!refusedElements.empty() && refusedElements.back() == level) {
         refusedElements.pop_back();
         return true;
@@ -577,10 +543,10 @@ void CSkinParser::ReturnToTemplate() {
         const TSaved savedCall(call, returned.place);
         // The rest of the template is as deep as its beginning was; what was open around its inner
         // content ends now.
-        if (CountLevel()) {
+        if (Within(budget.EnterLevel())) {
             static_cast<void>(returned.instance->Resume());
         }
-        --expandedDepth;
+        budget.LeaveLevel();
     }
 }
 

@@ -4,7 +4,7 @@
 #include "SkinEngine/Document/NameMap.h"
 #include "SkinEngine/Document/ParsedTemplate.h"
 #include "SkinEngine/Document/ParserElementHandler.h"
-#include "SkinEngine/Document/SkinLimits.h"
+#include "SkinEngine/Document/SkinBudget.h"
 #include "SkinEngine/Document/TemplateParser.h"
 #include "core/Command.h"
 #include "core/MessageLog.h"
@@ -16,13 +16,8 @@
 #include <string>
 #include <vector>
 
-XERCES_CPP_NAMESPACE_BEGIN
-class SAX2XMLReader;
-XERCES_CPP_NAMESPACE_END
-
 namespace Vorin::AppEngine {
 
-class CStartTagLines;
 class CXMLLibraryUse;
 
 /// Runs the scripts of a document.
@@ -119,13 +114,8 @@ public:
     /// Not owned. There is none to begin with, and "SCRIPT" is then ignored.
     void SetScriptEngine(IScriptEngine* engine) { scriptEngine = engine; }
 
-    /// Lowers the number of elements that a document may expand to.
-    void SetMaximumExpanded(int elements) { maximumExpanded = elements; }
-
-    /// How many elements were expanded since the parse began, and in replays after it. Set for a
-    /// parser that only replays: it goes on from what others have expanded.
-    int GetExpandedElements() const { return expandedElements; }
-    void SetExpandedElements(int elements) { expandedElements = elements; }
+    /// What was used since the parse began, and in replays after it.
+    CSkinBudget& GetBudget() { return budget; }
 
     // IParserElementHandler: elements from files and templates alike.
     bool OnElementStart(const char* name, Containers::IConstNamedAttributes& attributes) override;
@@ -134,6 +124,9 @@ public:
     bool IsStopped() const override { return stopped; }
 
 private:
+    /// A file that is being read.
+    struct COpenFile;
+
     /// A template call whose end tag is still to come.
     struct CTemplateCall {
         std::unique_ptr<IParsedTemplateInstance> instance; // null when nothing is left to replay
@@ -175,9 +168,6 @@ private:
     bool ReadFile(const std::string& path, const std::string& content);
     bool CheckFile(const std::string& path);
 
-    bool Count(int cost);
-    bool CountLevel();
-    bool CountAttributes(const char* name, const Containers::CNamedAttributes& attributes);
     bool Deliver(const char* name, Containers::CNamedAttributes& attributes);
     bool DeliverExpanded(const char* name, Containers::CNamedAttributes& attributes);
     bool DeliverEnd(const char* name);
@@ -200,11 +190,13 @@ private:
     void LogMessage(Core::EMessageType type, const std::string& text);
     bool Fail(const std::string& text);
     bool Stop(const std::string& text);
+    bool Within(const std::string& problem); // stops when there is one
     void StandAt(const Core::CDocumentPlace& newPlace);
     void LogReaderMessage(Core::EMessageType type, const char* prefix,
                           const xercesc::SAXParseException& exception);
     void LogReaderMessage(Core::EMessageType type, const char* prefix, int line,
                           const std::string& message);
+    int GetReaderLine() const;
 
     std::unique_ptr<CXMLLibraryUse> library; // from the first parse on
     TNameMap<std::unique_ptr<CStartHandler>> startHandlers;
@@ -229,8 +221,6 @@ private:
     bool inUndefine = false;
     bool inTemplate = false;
     int defineNesting = 0; // elements open inside "DEFINE" or "UNDEFINE"
-    xercesc::SAX2XMLReader* reader = nullptr;
-    const xercesc::Locator* locator = nullptr;
     TNameMap<std::string> variables;
     std::string rootElementName;
     std::string currentFile;
@@ -238,7 +228,7 @@ private:
     std::set<std::string> includedOnce;
     std::vector<CTemplateCall> templateInstances;
     std::vector<CLocalVariable> localVariables;
-    std::vector<int> refusedElements; // as levels of `expandedDepth`
+    std::vector<int> refusedElements; // by the depth of the budget
     int depth = 0;
     IScriptEngine* scriptEngine = nullptr;
     CPublicState publicState{*this};
@@ -247,18 +237,10 @@ private:
     Core::CDocumentPlace place;
     Core::CDocumentPlace call; // that of the template being replayed, else nowhere
     std::shared_ptr<const std::string> fileName;
-    CStartTagLines* startTagLines = nullptr; // of the file being read
-    std::vector<int> openLines;              // of the elements open in the files being read
+    COpenFile* file = nullptr; // the innermost; null when none is being read
 
-    // What has been used of the limits.
-    int maximumExpanded = SkinLimits::kExpandedElements;
+    CSkinBudget budget;
     bool stopped = false;
-    int filesOpen = 0;
-    int fileElements = 0;
-    int expandedElements = 0;
-    int expandedDepth = 0;
-    long expandedBytes = 0;
-    long readBytes = 0;
 };
 
 } // namespace Vorin::AppEngine

@@ -89,10 +89,10 @@ void CSkinModelCollectionItemFactory::Fill(CSkinModelCollectionItem& item,
     parser.ResetHandlers();
     factory.RegisterHandlers();
     // All items together have a document's limit.
-    parser.SetExpandedElements(context->itemsElements);
+    parser.GetBudget().SetElements(context->itemsElements);
     // Without inner content a replay runs to its end.
     const std::unique_ptr<IParsedTemplateInstance> rest(content->Instantiate(attributes, &parser));
-    item.SetElements(parser.GetExpandedElements() - context->itemsElements);
+    item.SetElements(parser.GetBudget().GetElements() - context->itemsElements);
     context->itemsElements += item.GetElements();
     std::optional<Core::CPlaceScope> scope;
     if (context->log) {
