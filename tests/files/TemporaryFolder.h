@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -49,7 +49,9 @@ public:
         if (!file) {
             throw std::runtime_error("cannot be read: " + Path(name));
         }
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
     }
 
     bool Has(const std::string& name) const { return std::filesystem::exists(path / name); }
