@@ -40,12 +40,6 @@ if(ONDARA_WERROR)
   add_compile_options(-Werror)
 endif()
 
-# The fuzzer sees the branches of all code that is built so; its main is linked to the targets alone.
-if(ONDARA_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)
-  add_link_options(-fsanitize=fuzzer-no-link)
-endif()
-
 if(ONDARA_SANITIZE)
   add_compile_options(-fsanitize=${ONDARA_SANITIZE} -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${ONDARA_SANITIZE})
