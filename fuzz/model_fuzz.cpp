@@ -31,7 +31,7 @@ class CModelLife {
 public:
     void Run(const std::string& path, bool isUsedOnly) {
         const bool isSound = Load(path, isUsedOnly);
-        Fuzz::Require(isSound == (log.GetCount(Core::kErrorMessage) == 0));
+        Fuzz::Require(isSound || log.GetCount(Core::kErrorMessage) > 0);
         PassTime();
         for (const double value : {0.5, -1e300, 3.0}) {
             for (const std::string& id : GetIds()) {

@@ -45,14 +45,19 @@ std::uint32_t GetLittleEndian(const std::uint8_t* bytes) {
            (std::uint32_t{bytes[3]} << 24);
 }
 
-/// The library takes as much memory as a BMP file says that its headers are long.
+/// The library takes as much memory as a BMP file says that its headers and its palette are long.
 bool HasSaneHeaders(const char* format, const std::uint8_t* data, std::size_t size) {
     if (std::strcmp(format, "bmp") != 0) {
         return true;
     }
     constexpr std::size_t kPixelsAt = 10;
     constexpr std::size_t kHeaderSizeAt = 14;
+    constexpr std::size_t kColoursAt = 46;
     constexpr std::uint32_t kLargestHeader = 124;
+    constexpr std::size_t kColourBytes = 4;
+    if (size >= kColoursAt + 4 && GetLittleEndian(data + kColoursAt) > size / kColourBytes) {
+        return false;
+    }
     return size >= kHeaderSizeAt + 4 && GetLittleEndian(data + kHeaderSizeAt) <= kLargestHeader &&
            GetLittleEndian(data + kPixelsAt) < size;
 }

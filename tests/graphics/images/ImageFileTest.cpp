@@ -192,5 +192,12 @@ TEST(ImageFileTest, DecodingNothingIsNoImage) {
     EXPECT_EQ(DecodeForeignImage(nullptr, 0).image, nullptr);
 }
 
+TEST(ImageFileTest, ABmpWithAPaletteLargerThanItselfIsRefusedUnread) {
+    std::string bytes = GetForeignBytes("bmp");
+    ASSERT_NE(DecodeForeignText(bytes).image, nullptr);
+    bytes.replace(46, 4, "\xC8\x01\x00\xB9", 4); // so many colours
+    EXPECT_EQ(DecodeForeignText(bytes).image, nullptr);
+}
+
 } // namespace
 } // namespace Vorin::Graphics::Testing
