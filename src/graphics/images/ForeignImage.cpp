@@ -45,7 +45,8 @@ std::uint32_t GetLittleEndian(const std::uint8_t* bytes) {
            (std::uint32_t{bytes[3]} << 24);
 }
 
-/// The library takes as much memory as a BMP file says that its headers and its palette are long.
+/// The library takes as much memory as a BMP file says that its headers are long and its colours
+/// are many: it knows numbers that are too large for the depth, but takes the largest for negative.
 bool HasSaneHeaders(const char* format, const std::uint8_t* data, std::size_t size) {
     if (std::strcmp(format, "bmp") != 0) {
         return true;
@@ -53,13 +54,16 @@ bool HasSaneHeaders(const char* format, const std::uint8_t* data, std::size_t si
     constexpr std::size_t kPixelsAt = 10;
     constexpr std::size_t kHeaderSizeAt = 14;
     constexpr std::size_t kColoursAt = 46;
+    constexpr std::uint32_t kFirstVersion = 12; // whose header does not tell the colours
     constexpr std::uint32_t kLargestHeader = 124;
-    constexpr std::size_t kColourBytes = 4;
-    if (size >= kColoursAt + 4 && GetLittleEndian(data + kColoursAt) > size / kColourBytes) {
+    constexpr std::uint32_t kMostColours = 1U << 24;
+    if (size < kHeaderSizeAt + 4) {
         return false;
     }
-    return size >= kHeaderSizeAt + 4 && GetLittleEndian(data + kHeaderSizeAt) <= kLargestHeader &&
-           GetLittleEndian(data + kPixelsAt) < size;
+    const std::uint32_t headerSize = GetLittleEndian(data + kHeaderSizeAt);
+    const bool tellsColours = headerSize > kFirstVersion && size >= kColoursAt + 4;
+    return headerSize <= kLargestHeader && GetLittleEndian(data + kPixelsAt) < size &&
+           (!tellsColours || GetLittleEndian(data + kColoursAt) <= kMostColours);
 }
 
 /// While it lives, the library keeps to itself what it has to say about damaged files: it would

@@ -15,6 +15,8 @@
 namespace Vorin::Graphics::Testing {
 namespace {
 
+using namespace std::string_literals;
+
 constexpr Core::C2DSize kSize{24, 16};
 
 std::string GetSomePng() {
@@ -192,11 +194,23 @@ TEST(ImageFileTest, DecodingNothingIsNoImage) {
     EXPECT_EQ(DecodeForeignImage(nullptr, 0).image, nullptr);
 }
 
-TEST(ImageFileTest, ABmpWithAPaletteLargerThanItselfIsRefusedUnread) {
-    std::string bytes = GetForeignBytes("bmp");
-    ASSERT_NE(DecodeForeignText(bytes).image, nullptr);
-    bytes.replace(46, 4, "\xC8\x01\x00\xB9", 4); // so many colours
-    EXPECT_EQ(DecodeForeignText(bytes).image, nullptr);
+TEST(ImageFileTest, ABmpWithMoreColoursThanThereAreIsRefused) {
+    std::string bmp = GetForeignBytes("bmp");
+    bmp.replace(46, 4, "\xFF\x0F\x00\x00"s); // a remark only, in an image without a palette
+    EXPECT_NE(DecodeForeignText(bmp).image, nullptr);
+    bmp.replace(46, 4, "\xC8\x01\x00\xB9"s);
+    EXPECT_EQ(DecodeForeignText(bmp).problem,
+              "is not an image that can be shown: the data are damaged");
+}
+
+// Its header is shorter: where others tell the colours, it has pixels.
+TEST(ImageFileTest, ABmpOfTheFirstVersionIsLoaded) {
+    const std::string white(4 * 4 * 3, '\xFF');
+    const std::string bmp = "BM\x4A\0\0\0\0\0\0\0\x1A\0\0\0"       // 74 bytes, pixels at 26
+                            "\x0C\0\0\0\x04\0\x04\0\x01\0\x18\0"s; // 4 by 4, 24 bits each
+    const CLoadedImage loaded = DecodeForeignText(bmp + white);
+    ASSERT_NE(loaded.image, nullptr) << loaded.problem;
+    EXPECT_EQ(GetWord(*loaded.image, 3, 3), 0xFFFFFFFFU);
 }
 
 } // namespace
