@@ -163,8 +163,8 @@ VstInt32 CVSTPlug::processEvents(VstEvents* events) {
     isProcessing.store(true, std::memory_order_relaxed); // what they change waits for the block
     CMIDICCValues last;
     bool isAccepted = false;
-    const VstEvent* const* list =
-        events->events; // as many as there are, whatever it is declared as
+    // As many as there are, whatever the list is declared as.
+    const VstEvent* const* list = events->events;
     for (VstInt32 i = 0; i < events->numEvents; ++i) {
         const VstEvent* event = list[i];
         if (!event || event->type != kVstMidiType) {
