@@ -2,6 +2,7 @@
 #include "SkinEngine/Document/SkinParser.h"
 
 #include "SkinEngine/Document/FilePaths.h"
+#include "SkinEngine/Document/SkinLimits.h"
 #include "SkinEngine/Document/VariableSubstitution.h"
 #include "SkinEngine/Formula/ParseFormula.h"
 #include "serialization/NumberText.h"

@@ -6,7 +6,6 @@
 #include "system/RegularFile.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include <strings.h>
 

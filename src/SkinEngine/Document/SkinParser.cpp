@@ -4,6 +4,7 @@
 
 #include "SkinEngine/Document/FilePaths.h"
 #include "SkinEngine/Document/SkinFile.h"
+#include "SkinEngine/Document/SkinLimits.h"
 #include "SkinEngine/Document/StartTagLines.h"
 #include "SkinEngine/Document/XMLNamedAttributes.h"
 #include "SkinEngine/Document/XMLReading.h"
