@@ -102,9 +102,6 @@ TEST(ThreadTest, CancelEndsAThreadThatWouldNotEndByItself) {
 }
 
 TEST(ThreadTest, CancelUnwindsTheStackSoThatLocksAreGivenBack) {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the address sanitizer fails on clean-ups of a cancelled thread";
-#endif
     struct CHeld {
         CCriticalSection lock;
         CEvent locked{false};
