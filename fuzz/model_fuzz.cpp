@@ -107,7 +107,7 @@ private:
         Serialization::CMemDataObject state;
         Fuzz::Require(model.Serialize(state));
         model.SetEnabled(false);
-        model.DeSerialize(state);
+        Fuzz::Require(model.DeSerialize(state));
         model.SetEnabled(true);
     }
 
