@@ -18,12 +18,13 @@ bool RequireEnds(CModelElement& element);
 void SetLinkTrigger(CModelElement& element, DataModel::CLinkSwitch& link);
 
 /// Gives a link to the model, with what all links have: a trigger condition, and the switch
-/// "enabled". The model keeps it.
+/// "enabled". The model keeps it, and runs it as `add` has it.
 template <class L>
-L& AddLink(CModelElement& element, std::unique_ptr<L> made = std::make_unique<L>()) {
+L& AddLink(CModelElement& element, std::unique_ptr<L> made = std::make_unique<L>(),
+           void (CSkinModel::*add)(DataModel::IDisconnectAndPause&) = &CSkinModel::AddLink) {
     L& link = element.GetModel().Own(std::move(made));
     SetLinkTrigger(element, link);
-    element.GetModel().AddLink(link);
+    (element.GetModel().*add)(link);
     AddEnabledParam(element, link);
     return link;
 }

@@ -112,8 +112,9 @@ bool MakeParamAnimatedLink(CModelElement& element) {
     if (!RequireEnds(element)) {
         return false;
     }
-    auto& link = AddLink(element, std::make_unique<Objects::CCaptureParamTimeLink>(
-                                      &element.GetServices().timers, element.GetServices().clock));
+    auto made = std::make_unique<Objects::CCaptureParamTimeLink>(&element.GetServices().timers,
+                                                                 element.GetServices().clock);
+    auto& link = AddLink(element, std::move(made), &CSkinModel::AddTimeDriven);
     double duration = 0.0;
     if (element.GetDouble("duration_ms", duration)) {
         link.SetDuration(duration);

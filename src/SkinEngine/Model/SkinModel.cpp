@@ -148,6 +148,21 @@ void CSkinModel::AdoptPersistent(const Entry& entry) {
 
 void CSkinModel::AddLink(DataModel::IDisconnectAndPause& link) {
     AddDisconnect(link);
+    link.SetPaused(areLinksPaused);
+    links.push_back(&link);
+}
+
+// What is told, here and below, may be foreign code that adds more.
+
+void CSkinModel::PauseLinks(bool pause) {
+    areLinksPaused = pause;
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        links[i]->SetPaused(pause);
+    }
+}
+
+void CSkinModel::AddTimeDriven(DataModel::IDisconnectAndPause& link) {
+    AddDisconnect(link);
     AddResting([&link](bool rest) { link.SetPaused(rest); });
 }
 
@@ -161,7 +176,7 @@ void CSkinModel::AddUse(CModelObject& object, std::function<void()> letGo) {
 }
 
 void CSkinModel::Rest(bool rest) {
-    for (std::size_t i = 0; i < resting.size(); ++i) { // what is told may be foreign code
+    for (std::size_t i = 0; i < resting.size(); ++i) {
         resting[i](rest);
     }
 }
@@ -215,12 +230,14 @@ void CSkinModel::Detach() {
 }
 
 void CSkinModel::Disconnect() {
+    PauseLinks(true);
     Rest(true);
     uses.clear();
     for (Core::IDisconnect* connected : disconnects) {
         connected->Disconnect();
     }
     disconnects.clear();
+    links.clear();
     resting.clear();
     Detach();
 }

@@ -19,9 +19,9 @@ namespace Vorin::AppEngine {
 
 /// A registry of named objects: what a skin has of its own, and what it reaches of others.
 ///
-/// Belongs to one thread, that of its objects. Disabled at first; while it is, whatever moves by
-/// itself rests: objects driven by time, and links, which catch up when the model is enabled again.
-/// So a state is read with the model disabled.
+/// Belongs to one thread, that of its objects. Disabled at first; while it is, the objects that time
+/// drives rest, and catch up when the model is enabled again. So a state is read with the model
+/// disabled.
 ///
 /// An object that is handed over with `kOwn` is the model's from then on, also when its identifier
 /// is refused: false, with an error in the log, because another object has it. With `kDontOwn` it
@@ -159,8 +159,14 @@ public:
     /// Something that `Disconnect` disconnects. It lives as long as the model.
     void AddDisconnect(Core::IDisconnect& object) { disconnects.push_back(&object); }
 
-    /// A link: disconnected by `Disconnect`, paused while the model is disabled.
+    /// A link: disconnected by `Disconnect`, paused with the others.
     void AddLink(DataModel::IDisconnectAndPause& link);
+
+    /// Paused at first, until all ends are connected. Then each passes what its source has.
+    void PauseLinks(bool pause);
+
+    /// A link that takes time: disconnected by `Disconnect`, paused while the model is disabled.
+    void AddTimeDriven(DataModel::IDisconnectAndPause& link);
 
     /// Is told at once, and at each change, whether to rest.
     void AddResting(std::function<void(bool)> setResting);
@@ -205,6 +211,8 @@ private:
     CDynamicObjectsDictionary persistentObjects;
     CSkinModelExposure exposure{objects};
     std::vector<Core::IDisconnect*> disconnects;
+    std::vector<DataModel::IDisconnectAndPause*> links;
+    bool areLinksPaused = true;
     std::vector<std::function<void(bool)>> resting;
     std::vector<std::unique_ptr<CObjectUse>> uses;
     CSkinModel* parent = nullptr;

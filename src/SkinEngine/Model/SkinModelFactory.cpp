@@ -195,6 +195,7 @@ bool CSkinModelFactory::Link() {
         GetServices().scriptHost->OnModelComplete(model);
     }
     LogInfo("Cleaning...");
+    model.PauseLinks(false);
     model.SetEnabled(!parent || parent->IsEnabled());
     return isLinked;
 }

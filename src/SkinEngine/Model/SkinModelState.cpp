@@ -59,7 +59,8 @@ std::string GetCountKey(const char* id) { return std::string(id) + ".count"; }
 /// What is to be done once all of a state was found to be fit.
 using Actions = std::vector<std::function<void()>>;
 
-// How each kind is written and read. `Read` is false for a value that is there and is not fit.
+// How each kind is written and read. `Read` is false for a value that is there and is not fit, and
+// says how an object is to take one that is.
 
 struct CParamStateKind {
     using Interface = Objects::ICaptureParam;
@@ -67,13 +68,13 @@ struct CParamStateKind {
     static void Write(IWriteDataStream& stream, const char* key, Interface& object) {
         stream.WriteDouble(key, object.GetValue());
     }
-    static bool Read(const IReadDataStream& stream, const char* key, Interface& object,
-                     Actions& actions) {
+    static bool Read(const IReadDataStream& stream, const char* key,
+                     std::function<void(Interface&)>& take) {
         double value = 0.0;
         if (!stream.ReadDouble(key, value)) {
             return true;
         }
-        actions.push_back([&object, value] { object.SetValue(value); });
+        take = [value](Interface& object) { object.SetValue(value); };
         return std::isfinite(value);
     }
 };
@@ -84,11 +85,11 @@ struct CStringStateKind {
     static void Write(IWriteDataStream& stream, const char* key, Interface& object) {
         stream.WriteString(key, object.GetValue());
     }
-    static bool Read(const IReadDataStream& stream, const char* key, Interface& object,
-                     Actions& actions) {
+    static bool Read(const IReadDataStream& stream, const char* key,
+                     std::function<void(Interface&)>& take) {
         Containers::CCharString text;
         if (Serialization::ReadItem(stream, key, text)) {
-            actions.push_back([&object, text] { object.SetValue(text.Get()); });
+            take = [text](Interface& object) { object.SetValue(text.Get()); };
         }
         return true;
     }
@@ -102,12 +103,12 @@ struct TObjectStateKind {
     static void Write(IWriteDataStream& stream, const char* key, Interface& object) {
         stream.WriteObject(key, Serialization::CTypeSerializer(&object.GetValue()));
     }
-    static bool Read(const IReadDataStream& stream, const char* key, Interface& object,
-                     Actions& actions) {
+    static bool Read(const IReadDataStream& stream, const char* key,
+                     std::function<void(Interface&)>& take) {
         auto reader = std::make_shared<Serialization::TRuntimeDeSerializer<F>>();
         // An object that nobody here can make stands for a class that is not there any more.
         if (stream.ReadObject(key, *reader) && reader->Get()) {
-            actions.push_back([&object, reader] { object.SetValue(*reader->Get()); });
+            take = [reader](Interface& object) { object.SetValue(*reader->Get()); };
         }
         return true;
     }
@@ -127,16 +128,26 @@ bool WriteStateKind(IWriteDataStream& stream, const char* part, const char* pref
     return stream.WriteObject(part, writer);
 }
 
+/// An action finds its object by name: what another one sets off may take it away.
 template <class Kind>
 bool ReadStateKind(const IReadDataStream& stream, const char* part, const char* prefix,
-                   const std::vector<Entry>& entries, Actions& actions) {
+                   const CDynamicObjectsDictionary& persistent, Actions& actions) {
+    using Interface = typename Kind::Interface;
     return ReadStatePart(stream, part, [&](const IReadDataStream& inner) {
         bool isFit = true;
-        for (const Entry& entry : entries) {
-            if (auto* object = CastModelObject<typename Kind::Interface>(entry.object)) {
-                isFit =
-                    Kind::Read(inner, (std::string(prefix) + entry.id).c_str(), *object, actions) &&
-                    isFit;
+        for (const Entry& entry : persistent.GetEntries()) {
+            if (!CastModelObject<Interface>(entry.object)) {
+                continue;
+            }
+            const std::string id = entry.id;
+            std::function<void(Interface&)> take;
+            isFit = Kind::Read(inner, (prefix + id).c_str(), take) && isFit;
+            if (take) {
+                actions.push_back([&persistent, id, take] {
+                    if (auto* object = CastModelObject<Interface>(persistent.GetOwn(id.c_str()))) {
+                        take(*object);
+                    }
+                });
             }
         }
         return isFit;
@@ -227,16 +238,16 @@ std::vector<std::string> CSkinModel::CState::GetCollections() const {
     return ids;
 }
 
+/// Twice: where both ends of a link are persistent, the source may come behind its target.
 bool CSkinModel::CState::ReadValues(const IReadDataStream& stream) {
-    const std::vector<Entry> entries = persistent.GetEntries();
     Actions actions;
     const bool isFit =
-        ReadStateKind<CParamStateKind>(stream, "params", "p", entries, actions) &&
-        ReadStateKind<CCurveStateKind>(stream, "curves", "c", entries, actions) &&
-        ReadStateKind<CSurfaceStateKind>(stream, "surfaces", "s", entries, actions) &&
-        ReadStateKind<CStringStateKind>(stream, "strings", "s", entries, actions) &&
-        ReadStateKind<CPropertyStateKind>(stream, "properties", "p", entries, actions);
-    if (isFit) {
+        ReadStateKind<CParamStateKind>(stream, "params", "p", persistent, actions) &&
+        ReadStateKind<CCurveStateKind>(stream, "curves", "c", persistent, actions) &&
+        ReadStateKind<CSurfaceStateKind>(stream, "surfaces", "s", persistent, actions) &&
+        ReadStateKind<CStringStateKind>(stream, "strings", "s", persistent, actions) &&
+        ReadStateKind<CPropertyStateKind>(stream, "properties", "p", persistent, actions);
+    for (int round = 0; isFit && round < 2; ++round) {
         for (const auto& action : actions) {
             action();
         }

@@ -133,7 +133,7 @@ bool MakeParamAnimator(CModelElement& element) {
     if (!element.Add<Objects::ICaptureParam>(std::move(made))) {
         return false;
     }
-    element.GetModel().AddLink(animation);
+    element.GetModel().AddTimeDriven(animation);
     AddReverseParam(element, animation);
     AddEnabledParam(element, animation);
     AddRefreshTimeParam(element, animation);

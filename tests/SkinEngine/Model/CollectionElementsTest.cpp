@@ -307,13 +307,15 @@ TEST_F(CollectionElementsTest, CountsAreMadeWhenTheyAreUsed) {
 TEST_F(CollectionElementsTest, ItemsAreEnabledWithTheModel) {
     ASSERT_TRUE(Load(R"(<PARAM id="a" max="9"/>
         <COLLECTION id="c" count="1"><PARAM id="$item_id$.p" max="9"/>
-        <PARAM_LINK from="a" to="$item_id$.p"/></COLLECTION>)"));
+        <PARAM_ANIMATED_LINK from="a" to="$item_id$.p" duration_ms="0"/></COLLECTION>)"));
     model->SetEnabled(false);
     Set("a", 5.0);
     Set("c.count", 2.0);
+    Wait(100);
     EXPECT_EQ(Get("c[0].p"), 0.0);
     EXPECT_EQ(Get("c[1].p"), 0.0);
     model->SetEnabled(true);
+    Wait(100);
     EXPECT_EQ(Get("c[0].p"), 5.0);
     EXPECT_EQ(Get("c[1].p"), 5.0);
 }

@@ -138,7 +138,72 @@ TEST_F(SkinModelStateTest, CountsOfCollectionsInItemsAreRestored) {
     EXPECT_EQ(Get("o[1].i[2].v"), 8.0);
 }
 
-TEST_F(SkinModelStateTest, LinksDoNotReactMidway) {
+TEST_F(SkinModelStateTest, GivesATargetWhatItHadWhateverItsSourceSays) {
+    for (const char* order : {"a;b;s;t", "t;s;b;a"}) {
+        SCOPED_TRACE(order);
+        const std::string linked =
+            std::string(R"(<PARAM id="a" max="9"/><PARAM id="b" max="9"/><PARAM id="c" max="9"/>
+                <STRING id="s"/><STRING id="t"/>
+                <PARAM_LINK from="a" to="b"/><PARAM_LINK from="a" to="c"/>
+                <STRING_LINK from="s" to="t"/><PERSISTENT_OBJECTS object_ids=")") +
+            order + "\"/>";
+        ASSERT_TRUE(Load(linked.c_str()));
+        Set("a", 3.0);
+        Set("b", 7.0);
+        SetText("s", "theirs");
+        SetText("t", "mine");
+        const auto state = Save();
+        for (const bool isSourceThere : {false, true}) {
+            ASSERT_TRUE(Load(linked.c_str()));
+            Set("a", isSourceThere ? 3.0 : 1.0);
+            ASSERT_TRUE(Restore(*state));
+            EXPECT_EQ(Get("a"), 3.0);
+            EXPECT_EQ(Get("b"), 7.0);
+            EXPECT_EQ(Get("c"), 3.0) << "not persistent: follows its source";
+            EXPECT_EQ(GetText("t"), "mine");
+        }
+        Set("b", 6.0);
+        Set("c", 6.0);
+        EXPECT_FALSE(RestoreText(R"(<Model><state version="1"><params pa="inf"/></state></Model>)"));
+        EXPECT_EQ(Get("b"), 6.0) << "a refused state moves nothing";
+        EXPECT_EQ(Get("c"), 6.0);
+    }
+}
+
+TEST_F(SkinModelStateTest, GoesWithoutTheItemsThatItsOwnValuesTakeAway) {
+    const char* counted = R"(<PARAM id="n" max="5" persistent="true"/><PARAM_LINK from="n" to="k.count"/>
+        <COLLECTION id="k" max_count="5" persistent="true">
+          <PARAM id="$item_id$.v" max="9" persistent="true"/></COLLECTION>)";
+    ASSERT_TRUE(Load(counted));
+    Set("n", 2.0);
+    EXPECT_TRUE(RestoreText(R"(<Model><state version="1">
+        <params pn="1" pk_x5B_0_x5D_.v="4" pk_x5B_2_x5D_.v="5"/>
+        <collectionCounts k.count="3"/></state></Model>)"));
+    EXPECT_EQ(GetCount("k"), 1);
+    EXPECT_EQ(Get("k[0].v"), 4.0);
+}
+
+TEST_F(SkinModelStateTest, ItemsThatAStateMakesHaveTheirLinksRunning) {
+    const char* linked = R"(<COLLECTION id="k" max_count="5" persistent="true">
+          <PARAM id="$item_id$.a" max="9" persistent="true"/>
+          <PARAM id="$item_id$.b" max="9" persistent="true"/><PARAM id="$item_id$.c" max="9"/>
+          <PARAM_LINK from="$item_id$.a" to="$item_id$.b"/>
+          <PARAM_LINK from="$item_id$.a" to="$item_id$.c"/></COLLECTION>)";
+    ASSERT_TRUE(Load(linked));
+    Set("k.count", 1.0);
+    Set("k[0].a", 3.0);
+    Set("k[0].b", 7.0);
+    const auto state = Save();
+    ASSERT_TRUE(Load(linked));
+    ASSERT_TRUE(Restore(*state));
+    EXPECT_EQ(Get("k[0].a"), 3.0);
+    EXPECT_EQ(Get("k[0].b"), 7.0);
+    EXPECT_EQ(Get("k[0].c"), 3.0);
+    Set("k[0].a", 4.0);
+    EXPECT_EQ(Get("k[0].b"), 4.0);
+}
+
+TEST_F(SkinModelStateTest, LinksOfDifferencesDoNotMoveWhatIsRestored) {
     const char* linked = R"(<PARAM id="a" max="9" persistent="true"/>
         <PARAM id="b" max="9" persistent="true"/>
         <PARAM_LINK from="a" to="b" mode="diff"/>)";

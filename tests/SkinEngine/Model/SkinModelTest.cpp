@@ -84,7 +84,8 @@ TEST_F(SkinModelTest, GivesPlaceholdersForWhatItDoesNotKnow) {
 TEST_F(SkinModelTest, IsDisabledUntilItIsLinked) {
     EXPECT_FALSE(model->IsEnabled());
     ASSERT_TRUE(Load("<PARAM id='a' max='9'/><PARAM id='b' max='9'/>"
-                     "<PARAM_LINK from='a' to='b'/>"));
+                     "<PARAM_LINK from='a' to='b'/><PARAM id='c' max='9'/>"
+                     "<PARAM_ANIMATED_LINK from='a' to='c' duration_ms='0'/>"));
     EXPECT_TRUE(model->IsEnabled());
     struct CListener {
         void OnChanged() { ++count; }
@@ -96,10 +97,13 @@ TEST_F(SkinModelTest, IsDisabledUntilItIsLinked) {
     model->SetEnabled(false);
     EXPECT_EQ(listener.count, 1);
     Set("a", 5.0);
-    EXPECT_EQ(Get("b"), 0.0);
+    Wait(100);
+    EXPECT_EQ(Get("b"), 5.0) << "links go on";
+    EXPECT_EQ(Get("c"), 0.0) << "what time drives rests";
     model->SetEnabled(true);
     EXPECT_EQ(listener.count, 2);
-    EXPECT_EQ(Get("b"), 5.0);
+    Wait(100);
+    EXPECT_EQ(Get("c"), 5.0);
     model->GetEnableEvents().Disconnect(command);
 }
 
