@@ -134,7 +134,7 @@ TEST_F(ModelCommand, SavesAndLoadsTheState) {
     ExpectCannot(content, {"load", other},
                  other + ": cannot be read, or is no state that save has written");
     ExpectCannot(content, {"load", Path("missing.xml")},
-                 Path("missing.xml") + ": cannot be read, or is no state that save has written");
+                 Path("missing.xml") + ": cannot be read: No such file or directory");
     ExpectCannot(content, {"save", Path("no/folder.xml")},
                  Path("no/folder.xml") + ": cannot be written");
 }
@@ -204,9 +204,9 @@ TEST_F(ModelCommand, SaysWhatCannotBeDone) {
     ExpectCannot("<CURVE id='c'/>", {"get", "c"},
                  "c: get does not work with an object of the kind curve");
     ExpectCannot("<FORMULA_PARAM id='f' formula='1'/>", {"set", "f=1"},
-                 "f: set does not work with an object of the kind param");
+                 "f: set does not work with what can only be read");
     ExpectCannot("<FORMULA_PARAM id='f' formula='1'/>", {"capture", "f"},
-                 "f: capture does not work with an object of the kind param");
+                 "f: capture does not work with what can only be read");
     ExpectCannot("<ACTION type='OpenUrl' id='a' url=''/>", {"events", "a"},
                  "a: events does not work with an object of the kind action");
     ExpectCannot(kGain, {"set", "gain=loud"}, "gain: \"loud\" is not a number");

@@ -3,6 +3,7 @@
 #include "ProgramTest.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace WorkbenchTests {
 namespace {
@@ -51,6 +52,12 @@ TEST_F(OutputFile, MayHaveALongName) {
     const std::string name = std::string(250, 'n') + ".json"; // as long as names get
     ExpectSuccess(RunOndara(ScopeTo(Path(name))));
     EXPECT_EQ(folder.Read(name), RunScope(input, "json"));
+}
+
+TEST_F(OutputFile, ThatIsTheSoundFileIsRefused) {
+    ExpectRefused({"scope", input, "-o", input, "--format", "json"}, 2, input);
+    ASSERT_EQ(symlink(input.c_str(), Path("link.csv").c_str()), 0);
+    ExpectRefused({"scope", input, "-o", Path("link.csv")}, 2, Path("link.csv"));
 }
 
 TEST_F(OutputFile, ThatIsAFolderIsRefused) {

@@ -70,6 +70,14 @@ TEST_F(Skin, TakesTheElementsToKnow) {
     EXPECT_EQ(run.err, "skin.xml:1: info: Skipping 'TEXT': unknown tag\n");
 }
 
+TEST_F(Skin, AnElementThatIsDefinedWhileItIsOpenEndsAsWhatItIsDefinedBy) {
+    const CRun run = Expand("<SKIN><MINE><DEFINE><MINE base_type='TEXT'/></DEFINE></MINE></SKIN>",
+                            {"--elements", "TEXT,SKIN"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "<SKIN>\n</TEXT>\n</SKIN>\n");
+    EXPECT_EQ(run.err, "skin.xml:1: info: Skipping 'MINE': unknown tag\n");
+}
+
 TEST_F(Skin, SaysWhereInATemplateAnElementStandsWhenAsked) {
     const std::string text = "<SKIN><TEMPLATE id=\"T\">\n<NOVELTY/></TEMPLATE>\n<T/></SKIN>";
     EXPECT_EQ(Expand(text).err, "skin.xml:3: info: Skipping 'NOVELTY': unknown tag\n");

@@ -9,6 +9,7 @@
 #include <limits>
 #include <random>
 #include <sys/stat.h>
+#include <thread>
 
 namespace WorkbenchTests {
 namespace {
@@ -180,6 +181,17 @@ TEST_F(SoundFile, FromAPipeThatCouldNotTellItsLengthIsRead) {
         folder.Write("in.wav", wav);
         EXPECT_EQ(RunScope(Path("in.wav"), "json"), expected) << size;
     }
+}
+
+TEST_F(SoundFile, FromAPipeIsRead) {
+    const CSound sound = MakeSound(8000, 2, 3000);
+    const std::string wav = Encode(sound, "whole.wav", kWav16);
+    ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+    std::thread writer([&] { folder.Write("pipe", wav); });
+    const CRun run = RunOndara({"scope", Path("pipe"), "-o", "-", "--format", "json"});
+    writer.join();
+    ExpectSuccess(run);
+    EXPECT_EQ(run.out, RunScope(Path("whole.wav"), "json"));
 }
 
 TEST_F(SoundFile, WithOtherChunksAroundItsDataIsRead) {

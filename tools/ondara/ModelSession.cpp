@@ -9,9 +9,13 @@
 #include "datamodel/objects/ParamRange.h"
 #include "serialization/XmlDataObject.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 namespace Workbench {
 
@@ -116,6 +120,15 @@ COutcome CModelSession::CannotDo(const std::string& id, const char* operation) c
                               GetModelObjectKindName(object->GetKind()));
 }
 
+COutcome CModelSession::CannotWrite(const std::string& id, const char* operation) const {
+    // Each operation that writes works with every param and string that can be written.
+    if (Find<IConstCaptureParam>(id) || Find<IConstCaptureString>(id)) {
+        return COutcome::BadInput(id + ": " + operation +
+                                  " does not work with what can only be read");
+    }
+    return CannotDo(id, operation);
+}
+
 COutcome CModelSession::Get(const std::string& id) {
     if (const auto* param = Find<IConstCaptureParam>(id)) {
         PrintResult(id, NumberText(param->GetValue()));
@@ -138,7 +151,7 @@ COutcome CModelSession::Set(const std::string& id, const std::string& value) {
     auto* param = Find<ICaptureParam>(id);
     auto* collection = Find<DataModel::ICollection>(id);
     if (!param && !collection) {
-        return CannotDo(id, "set");
+        return CannotWrite(id, "set");
     }
     double number = 0.0;
     if (!ParseNumber(value, number)) {
@@ -169,7 +182,7 @@ COutcome CModelSession::Type(const std::string& id, const std::string& text) {
     }
     auto* param = Find<ICaptureParam>(id);
     if (!param) {
-        return CannotDo(id, "type");
+        return CannotWrite(id, "type");
     }
     CParamDataToText dataToText;
     dataToText.SetInfo(param->GetInfo());
@@ -213,7 +226,7 @@ COutcome CModelSession::SetCaptured(const std::string& id, bool capture) {
         held = dynamic_cast<Core::ICapture*>(Find<ICaptureSurface>(id));
     }
     if (!held) {
-        return CannotDo(id, capture ? "capture" : "release");
+        return CannotWrite(id, capture ? "capture" : "release");
     }
     if (capture) {
         held->Capture();
@@ -303,6 +316,9 @@ COutcome CModelSession::SaveState(const std::string& path) {
 }
 
 COutcome CModelSession::LoadState(const std::string& path) {
+    if (access(path.c_str(), R_OK) != 0) {
+        return COutcome::BadInput(path + ": cannot be read: " + std::strerror(errno));
+    }
     Serialization::CXmlDataObject state(kStateRoot, Serialization::kXmlAttributes);
     if (!state.LoadFile(path.c_str())) {
         return COutcome::BadInput(path + ": cannot be read, or is no state that save has written");

@@ -55,6 +55,7 @@ private:
     Vorin::Core::IEventProvider* FindChangeEvents(const std::string& id) const;
     COutcome SetCaptured(const std::string& id, bool capture);
     COutcome CannotDo(const std::string& id, const char* operation) const;
+    COutcome CannotWrite(const std::string& id, const char* operation) const;
     bool OpenUrl(const char* url);
     void FlushMessages();
 

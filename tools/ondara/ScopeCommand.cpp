@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <unistd.h>
 
 namespace Workbench {
@@ -64,6 +65,14 @@ COutcome FindRange(const CScopeOptions& options, const CSoundFile& sound, std::i
         return COutcome::BadInput(options.input + ": --seconds takes in 0 frames");
     }
     return {};
+}
+
+COutcome CheckOutput(const CScopeOptions& options) {
+    std::error_code none;
+    if (std::filesystem::equivalent(options.input, options.output, none)) {
+        return COutcome::WrongUsage(options.output + ": is the sound file itself; name another OUT");
+    }
+    return CheckWritable(options.output);
 }
 
 COutcome Feed(CSoundFile& sound, std::int64_t frames, int blockFrames, CScopeRun& run) {
@@ -128,7 +137,7 @@ COutcome RunScope(CArguments& arguments) {
     if (COutcome outcome = FindRange(options, sound, first, frames); !outcome) {
         return outcome;
     }
-    if (COutcome outcome = CheckWritable(options.output); !outcome) {
+    if (COutcome outcome = CheckOutput(options); !outcome) {
         return outcome;
     }
     if (COutcome outcome = sound.Seek(first); !outcome) {

@@ -32,9 +32,10 @@ how it is run
 
 what is written
   -o, --output OUT
-  --format png|csv|json          where the name of OUT does not say it
+  --format png|csv|json          whatever the name of OUT says
   --points N                     points per curve in .csv and .json, 2 to 1000000 (512)
-  --size WxH                     of the picture in pixels, 160x120 to 8192x8192 (800x400)
+  --size WxH                     of the picture in pixels, 160x120 to 8192x8192 and no more than
+                                 16 million in all (800x400)
 )";
 
 namespace {

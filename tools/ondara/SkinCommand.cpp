@@ -102,7 +102,8 @@ private:
     }
 
     bool OnEnd() {
-        --depth;
+        // An end without a start: that of an element which was defined after it had begun.
+        depth = std::max(depth - 1, 0);
         Print("</" + std::string(parser.GetCurrentElementName()) + ">");
         return true;
     }

@@ -101,6 +101,9 @@ COutcome CSoundFile::CheckWhole() const {
 }
 
 COutcome CSoundFile::Seek(std::int64_t frame) {
+    if (frame == position) {
+        return {}; // a pipe could not do that much
+    }
     if (!seeksExactly) {
         return SkipTo(frame);
     }
