@@ -26,8 +26,8 @@ function(ondara_tests name)
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gtest_main)
-  # Building the tests is what takes the time. So many files are compiled as one, and a test is not
-  # optimised; what it tests is built as it ships.
+  # Building the tests is what takes the time. So still more files are compiled as one than elsewhere,
+  # and a test is not optimised; what it tests is built as it ships.
   set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 16)
   target_compile_options(${name} PRIVATE -O0)
   # What is local to one of the joined files seems to be a header's, or something that another shadows.

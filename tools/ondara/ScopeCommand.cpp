@@ -70,7 +70,8 @@ COutcome FindRange(const CScopeOptions& options, const CSoundFile& sound, std::i
 COutcome CheckOutput(const CScopeOptions& options) {
     std::error_code none;
     if (std::filesystem::equivalent(options.input, options.output, none)) {
-        return COutcome::WrongUsage(options.output + ": is the sound file itself; name another OUT");
+        return COutcome::WrongUsage(options.output +
+                                    ": is the sound file itself; name another OUT");
     }
     return CheckWritable(options.output);
 }

@@ -19,9 +19,9 @@ namespace Vorin::AppEngine {
 
 /// A registry of named objects: what a skin has of its own, and what it reaches of others.
 ///
-/// Belongs to one thread, that of its objects. Disabled at first; while it is, the objects that time
-/// drives rest, and catch up when the model is enabled again. So a state is read with the model
-/// disabled.
+/// Belongs to one thread, that of its objects. Disabled at first; while it is, the objects that
+/// time drives rest, and catch up when the model is enabled again. So a state is read with the
+/// model disabled.
 ///
 /// An object that is handed over with `kOwn` is the model's from then on, also when its identifier
 /// is refused: false, with an error in the log, because another object has it. With `kDontOwn` it

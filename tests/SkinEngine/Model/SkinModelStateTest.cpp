@@ -164,14 +164,16 @@ TEST_F(SkinModelStateTest, GivesATargetWhatItHadWhateverItsSourceSays) {
         }
         Set("b", 6.0);
         Set("c", 6.0);
-        EXPECT_FALSE(RestoreText(R"(<Model><state version="1"><params pa="inf"/></state></Model>)"));
+        EXPECT_FALSE(
+            RestoreText(R"(<Model><state version="1"><params pa="inf"/></state></Model>)"));
         EXPECT_EQ(Get("b"), 6.0) << "a refused state moves nothing";
         EXPECT_EQ(Get("c"), 6.0);
     }
 }
 
 TEST_F(SkinModelStateTest, GoesWithoutTheItemsThatItsOwnValuesTakeAway) {
-    const char* counted = R"(<PARAM id="n" max="5" persistent="true"/><PARAM_LINK from="n" to="k.count"/>
+    const char* counted =
+        R"(<PARAM id="n" max="5" persistent="true"/><PARAM_LINK from="n" to="k.count"/>
         <COLLECTION id="k" max_count="5" persistent="true">
           <PARAM id="$item_id$.v" max="9" persistent="true"/></COLLECTION>)";
     ASSERT_TRUE(Load(counted));
