@@ -76,9 +76,6 @@ TEST_F(OutputFile, InAFolderThatIsMissingIsRefused) {
 TEST_F(OutputFile, InAFolderThatMayNotBeWrittenIsRefused) {
     std::filesystem::create_directory(Path("locked"));
     std::filesystem::permissions(Path("locked"), std::filesystem::perms(0555));
-    if (RunOndara({"--help"}, {.withoutRights = true}).status != 0) {
-        GTEST_SKIP() << "the program can't be run under another user from where it stands";
-    }
     ExpectBadOutput(Path("locked/out.json"), {.withoutRights = true});
 }
 

@@ -55,13 +55,16 @@ CChannel OpenTerminal() {
         // Without its signal the limit is an error that the program gets to see.
         std::signal(SIGXFSZ, SIG_IGN);
     }
+    // Opened with all rights: the folder that it is in may be closed to others.
+    const int program = open(ONDARA_PROGRAM, O_RDONLY | O_CLOEXEC);
+    ready = ready && program >= 0;
     if (surroundings.withoutRights && geteuid() == 0) {
         ready = ready && setgroups(0, nullptr) == 0 && setgid(kNobody) == 0 && setuid(kNobody) == 0;
     }
     setenv("LSAN_OPTIONS", "suppressions=" LEAK_SUPPRESSIONS ":print_suppressions=0", 0);
     alarm(kMostSeconds);
     if (ready) {
-        execv(ONDARA_PROGRAM, words);
+        fexecve(program, words, environ);
     }
     _exit(127);
 }
